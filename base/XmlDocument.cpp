@@ -1,0 +1,248 @@
+#include "base/XmlDocument.h"
+
+#include "base/RunTimeError.h"
+
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <libxml/xpath.h>
+
+#include <limits>
+#include <utility>
+
+namespace zorvo {
+
+namespace {
+
+const xmlChar* toXml(const char* text)
+{
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+const char* fromXml(const xmlChar* text)
+{
+    return reinterpret_cast<const char*>(text);
+}
+
+std::string takeText(xmlChar* text)
+{
+    std::string result = text ? fromXml(text) : "";
+    xmlFree(text);
+    return result;
+}
+
+struct XPathContextDeleter {
+    void operator()(xmlXPathContext* context) const { xmlXPathFreeContext(context); }
+};
+struct XPathObjectDeleter {
+    void operator()(xmlXPathObject* object) const { xmlXPathFreeObject(object); }
+};
+struct XPathExpressionDeleter {
+    void operator()(xmlXPathCompExpr* expression) const { xmlXPathFreeCompExpr(expression); }
+};
+struct ParserDeleter {
+    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+};
+struct BufferDeleter {
+    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
+};
+
+void ignoreStructuredError(void* /*user*/, xmlError* /*error*/) {}
+
+std::unique_ptr<xmlXPathCompExpr, XPathExpressionDeleter> compile(const std::string& xpath,
+                                                                  xmlXPathContext* context)
+{
+    std::unique_ptr<xmlXPathCompExpr, XPathExpressionDeleter> compiled(
+        xmlXPathCtxtCompile(context, toXml(xpath.c_str())));
+    if (!compiled)
+        throw RunTimeError(kInvalidCall, "The expression \"" + xpath + "\" is not valid XPath");
+    return compiled;
+}
+
+std::vector<xmlNode*> evaluate(xmlDoc* document, xmlNode* start, const std::string& xpath)
+{
+    const std::unique_ptr<xmlXPathContext, XPathContextDeleter> context(xmlXPathNewContext(document));
+    if (!context)
+        throw std::bad_alloc();
+    context->error = ignoreStructuredError;
+    const auto compiled = compile(xpath, context.get());
+    if (!document)
+        return {};
+    context->node = start;
+    const std::unique_ptr<xmlXPathObject, XPathObjectDeleter> found(
+        xmlXPathCompiledEval(compiled.get(), context.get()));
+    if (!found || found->type != XPATH_NODESET)
+        throw RunTimeError(kInvalidCall, "The expression \"" + xpath + "\" does not select nodes");
+    if (!found->nodesetval)
+        return {};
+    xmlXPathNodeSetSort(found->nodesetval);
+    return {found->nodesetval->nodeTab, found->nodesetval->nodeTab + found->nodesetval->nodeNr};
+}
+
+} // namespace
+
+XmlNode::XmlNode(std::shared_ptr<_xmlDoc> document, _xmlNode* node)
+    : document_(node ? std::move(document) : nullptr)
+    , node_(node)
+{
+}
+
+_xmlNode* XmlNode::checked() const
+{
+    if (!node_)
+        throw RunTimeError(kObjectNotSet);
+    return node_;
+}
+
+std::string XmlNode::baseName() const
+{
+    return isElement() ? fromXml(node_->name) : "";
+}
+
+bool XmlNode::isElement() const
+{
+    return checked()->type == XML_ELEMENT_NODE;
+}
+
+std::string XmlNode::text() const
+{
+    return takeText(xmlNodeGetContent(checked()));
+}
+
+std::string XmlNode::attribute(const char* name) const
+{
+    auto value = attributeIfAny(name);
+    if (!value)
+        throw RunTimeError(kObjectNotSet);
+    return *std::move(value);
+}
+
+std::optional<std::string> XmlNode::attributeIfAny(const char* name) const
+{
+    if (!isElement() || !xmlHasProp(node_, toXml(name)))
+        return std::nullopt;
+    return takeText(xmlGetProp(node_, toXml(name)));
+}
+
+XmlNode XmlNode::firstChild() const
+{
+    return {document_, checked()->children};
+}
+
+XmlNode XmlNode::nextSibling() const
+{
+    return {document_, checked()->next};
+}
+
+XmlNode XmlNode::childElement(std::string_view name) const
+{
+    for (xmlNode* child = checked()->children; child; child = child->next) {
+        if (child->type == XML_ELEMENT_NODE && name == fromXml(child->name))
+            return {document_, child};
+    }
+    return {};
+}
+
+std::string XmlNode::childText(std::string_view name) const
+{
+    return childElement(name).text();
+}
+
+std::vector<XmlNode> XmlNode::childElements(std::string_view name) const
+{
+    std::vector<XmlNode> found;
+    for (xmlNode* child = checked()->children; child; child = child->next) {
+        if (child->type == XML_ELEMENT_NODE && name == fromXml(child->name))
+            found.push_back(XmlNode(document_, child));
+    }
+    return found;
+}
+
+XmlNode XmlNode::parent() const
+{
+    xmlNode* above = checked()->parent;
+    return above && above->type == XML_ELEMENT_NODE ? XmlNode(document_, above) : XmlNode();
+}
+
+std::vector<XmlNode> XmlNode::selectNodes(const std::string& xpath) const
+{
+    std::vector<XmlNode> nodes;
+    for (xmlNode* node : evaluate(document_.get(), checked(), xpath))
+        nodes.push_back(XmlNode(document_, node));
+    return nodes;
+}
+
+XmlNode XmlNode::selectSingleNode(const std::string& xpath) const
+{
+    const auto found = evaluate(document_.get(), checked(), xpath);
+    return found.empty() ? XmlNode() : XmlNode(document_, found.front());
+}
+
+std::string XmlNode::xml() const
+{
+    const std::unique_ptr<xmlBuffer, BufferDeleter> buffer(xmlBufferCreate());
+    if (!buffer || xmlNodeDump(buffer.get(), document_.get(), checked(), 0, 0) < 0)
+        throw std::bad_alloc();
+    return fromXml(xmlBufferContent(buffer.get()));
+}
+
+bool XmlDocument::loadXML(std::string_view text)
+{
+    return parse(text, "UTF-8");
+}
+
+bool XmlDocument::loadBytes(std::string_view bytes)
+{
+    return parse(bytes, nullptr);
+}
+
+bool XmlDocument::parse(std::string_view bytes, const char* encoding)
+{
+    document_.reset();
+    if (bytes.empty() || bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        return false;
+    const std::unique_ptr<xmlParserCtxt, ParserDeleter> context(xmlNewParserCtxt());
+    if (!context)
+        throw std::bad_alloc();
+    // XML_PARSE_HUGE is left out on purpose: a catalogue from outside must not exhaust the machine.
+    constexpr int kOptions =
+        XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
+    xmlDoc* parsed = xmlCtxtReadMemory(context.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr,
+                                       encoding, kOptions);
+    if (!parsed)
+        return false;
+    document_.reset(parsed, xmlFreeDoc);
+    if (!context->wellFormed)
+        document_.reset();
+    return document_ != nullptr;
+}
+
+XmlNode XmlDocument::documentElement() const
+{
+    return document_ ? XmlNode(document_, xmlDocGetRootElement(document_.get())) : XmlNode();
+}
+
+std::vector<XmlNode> XmlDocument::selectNodes(const std::string& xpath) const
+{
+    std::vector<XmlNode> nodes;
+    for (xmlNode* node : evaluate(document_.get(), reinterpret_cast<xmlNode*>(document_.get()), xpath))
+        nodes.push_back(XmlNode(document_, node));
+    return nodes;
+}
+
+XmlNode XmlDocument::selectSingleNode(const std::string& xpath) const
+{
+    const auto found = evaluate(document_.get(), reinterpret_cast<xmlNode*>(document_.get()), xpath);
+    return found.empty() ? XmlNode() : XmlNode(document_, found.front());
+}
+
+std::string XmlDocument::xml() const
+{
+    if (!document_)
+        return {};
+    xmlChar* text = nullptr;
+    int length = 0;
+    xmlDocDumpMemoryEnc(document_.get(), &text, &length, "UTF-8");
+    return takeText(text);
+}
+
+} // namespace zorvo

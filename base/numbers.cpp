@@ -1,0 +1,108 @@
+#include "base/numbers.h"
+
+#include "base/RunTimeError.h"
+#include "base/text.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <system_error>
+
+namespace zorvo {
+
+namespace {
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// Length of the number at the start of `text`: sign, digits with an optional point, exponent. 0 when none.
+std::size_t numberLength(std::string_view text)
+{
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-'))
+        ++at;
+    std::size_t digits = 0;
+    for (; at < text.size() && isDigit(text[at]); ++at)
+        ++digits;
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        for (; at < text.size() && isDigit(text[at]); ++at)
+            ++digits;
+    }
+    if (digits == 0)
+        return 0;
+    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+        std::size_t exponent = at + 1;
+        if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-'))
+            ++exponent;
+        const std::size_t first = exponent;
+        while (exponent < text.size() && isDigit(text[exponent]))
+            ++exponent;
+        if (exponent > first)
+            at = exponent;
+    }
+    return at;
+}
+
+double parse(std::string_view number)
+{
+    if (number.starts_with('+'))
+        number.remove_prefix(1);
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too small reads as zero; too large is an overflow. The exponent's sign tells which.
+        const auto exponent = number.find_first_of("eE");
+        if (exponent != std::string_view::npos && number.substr(exponent + 1).starts_with('-'))
+            return 0;
+        throw RunTimeError(kOverflow);
+    }
+    return value;
+}
+
+template <typename Whole>
+Whole toWhole(std::string_view text)
+{
+    const double rounded = std::nearbyint(toDouble(text));
+    if (rounded < static_cast<double>(std::numeric_limits<Whole>::min()) ||
+        rounded > static_cast<double>(std::numeric_limits<Whole>::max()))
+        throw RunTimeError(kOverflow);
+    return static_cast<Whole>(rounded);
+}
+
+} // namespace
+
+bool isNumeric(std::string_view text)
+{
+    const std::string trimmed = trimBlanks(text);
+    return !trimmed.empty() && numberLength(trimmed) == trimmed.size();
+}
+
+double toDouble(std::string_view text)
+{
+    if (!isNumeric(text))
+        throw RunTimeError(kTypeMismatch);
+    return parse(trimBlanks(text));
+}
+
+std::int32_t toLong(std::string_view text)
+{
+    return toWhole<std::int32_t>(text);
+}
+
+std::int16_t toInteger(std::string_view text)
+{
+    return toWhole<std::int16_t>(text);
+}
+
+double leadingNumber(std::string_view text)
+{
+    const std::string trimmed = trimBlanks(text);
+    const std::size_t length = numberLength(trimmed);
+    return length == 0 ? 0 : parse(std::string_view(trimmed).substr(0, length));
+}
+
+} // namespace zorvo

@@ -1,0 +1,1 @@
+// Lets a folder that holds only headers be a library like its sisters.

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zorvo {
+
+/// Small questions to the machine.
+class Machine {
+public:
+    struct LocalTime {
+        int year = 0;
+        int month = 0;
+        int day = 0;
+        int hour = 0;
+        int minute = 0;
+        int second = 0;
+    };
+
+    virtual ~Machine() = default;
+
+    virtual LocalTime now() = 0;
+    /// The short date and the time of the user's locale.
+    virtual std::string shortDate(const LocalTime& time) = 0;
+    virtual std::string timeOfDay(const LocalTime& time) = 0;
+    /// The session is shown on another machine.
+    virtual bool isRemoteSession() = 0;
+    virtual void sleep(int milliseconds) = 0;
+};
+
+} // namespace zorvo

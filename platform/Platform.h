@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+/// What the program asks of a machine: all ports in one place. A program installs the adaptors of its platform at
+/// its start, a test its fakes.
+namespace zorvo {
+
+class Files;
+class HelpViewer;
+class Launcher;
+class LibraryLoader;
+class Machine;
+class ObjectCreator;
+class ObjectService;
+class Office;
+class Registry;
+class SettingsStore;
+class SpecialFolders;
+
+struct Platform {
+    std::shared_ptr<Registry> registry;
+    std::shared_ptr<SettingsStore> settings;
+    std::shared_ptr<Files> files;
+    std::shared_ptr<SpecialFolders> folders;
+    std::shared_ptr<Launcher> launcher;
+    std::shared_ptr<LibraryLoader> libraries;
+    std::shared_ptr<ObjectCreator> objects;
+    std::shared_ptr<ObjectService> service;
+    std::shared_ptr<Office> office;
+    std::shared_ptr<Machine> machine;
+    std::shared_ptr<HelpViewer> help;
+};
+
+/// The installed ports.
+Platform& platform();
+
+} // namespace zorvo
