@@ -72,9 +72,9 @@ std::vector<xmlNode*> evaluate(xmlDoc* document, xmlNode* start, const std::stri
         xmlXPathCompiledEval(compiled.get(), context.get()));
     if (!found || found->type != XPATH_NODESET)
         throw RunTimeError(kInvalidCall, "The expression \"" + xpath + "\" does not select nodes");
+    // The evaluation ends with the nodes in document order.
     if (!found->nodesetval)
         return {};
-    xmlXPathNodeSetSort(found->nodesetval);
     return {found->nodesetval->nodeTab, found->nodesetval->nodeTab + found->nodesetval->nodeNr};
 }
 
