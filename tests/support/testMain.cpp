@@ -4,7 +4,8 @@
 /// All test programs run under one application object, so that forms, pictures and timers work in each.
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen").toUtf8());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
