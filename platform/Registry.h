@@ -22,8 +22,12 @@ enum RegistryStatus : std::int32_t {
     kRegistrySuccess = 0,
     kRegistryFileNotFound = 2,
     kRegistryAccessDenied = 5,
+    kRegistryInvalidParameter = 87,
     kRegistryMoreData = 234,
     kRegistryNoMoreItems = 259,
+    kRegistryCorrupt = 1015,
+    kRegistryKeyDeleted = 1018,
+    kRegistryBusy = 170,
 };
 
 enum class RegistryType : std::uint32_t {
@@ -45,15 +49,18 @@ enum RegistryAccess : std::uint32_t {
     kKeyReadAccess = 0x19, // query values, enumerate sub-keys, notify
 };
 
-/// An open key; closing is its destruction. Its listing of sub-keys is taken once, at the first enumeration, so
-/// that a walk by index costs one look at the store.
+/// A value holds at most this many bytes.
+constexpr std::size_t kLargestRegistryValue = 16U << 20U;
+
+/// An open key; closing is its destruction. Its listing of sub-keys is taken once, at the first enumeration,
+/// so that a walk by index costs one look at the store.
 class RegistryKey {
 public:
     virtual ~RegistryKey() = default;
 
     /// Name of the sub-key at `index` (from 0), in ascending order of the upper-cased names. A name of
-    /// `capacity` UTF-8 bytes or more doesn't fit and yields kRegistryMoreData with an empty name; past the last
-    /// one kRegistryNoMoreItems.
+    /// `capacity` UTF-8 bytes or more doesn't fit and yields kRegistryMoreData with an empty name; past the
+    /// last one kRegistryNoMoreItems.
     virtual std::int32_t enumKey(std::size_t index, std::size_t capacity, std::string& name) = 0;
 
     /// The value's bytes as stored (texts with their terminating zero); the empty name is the default value.
@@ -61,7 +68,8 @@ public:
     virtual std::int32_t queryValue(const std::string& name, std::size_t capacity, std::string& data,
                                     RegistryType& type) = 0;
 
-    /// Stores the bytes as they are given: a text brings its terminating zero.
+    /// Stores the bytes as they are given: a text brings its terminating zero. kRegistryInvalidParameter for
+    /// more than kLargestRegistryValue bytes, or for a name that isn't UTF-8 or holds a line break or a zero.
     virtual std::int32_t setValue(const std::string& name, RegistryType type, const std::string& data) = 0;
 };
 
@@ -70,11 +78,13 @@ public:
     virtual ~Registry() = default;
 
     /// `path` is the key below the hive, levels parted by "\", matched without regard to case; an empty level
-    /// opens nothing, the empty path is the hive itself. On success `key` is the open key.
+    /// opens nothing, the empty path is the hive itself. On success `key` is the open key. The key answers
+    /// only what `access` asked for, anything else with kRegistryAccessDenied; kKeySetValue on a store that
+    /// can't be written fails here already.
     virtual std::int32_t openKey(Hive hive, const std::string& path, std::uint32_t access,
                                  std::unique_ptr<RegistryKey>& key) = 0;
 
-    /// Opens the key, made with all its parents when it isn't there.
+    /// Opens the key, made with all its parents when it isn't there; what it may be used for is everything.
     virtual std::int32_t createKey(Hive hive, const std::string& path, std::unique_ptr<RegistryKey>& key) = 0;
 };
 
