@@ -13,6 +13,11 @@
 /// other objects. Making it and reading its version start no process.
 namespace zorvo {
 
+/// Word's own number for a document or template that isn't there; Excel takes kFileNotFound.
+constexpr int kWordFileNotFound = 5174;
+/// The application has crashed, hangs, or was ended by `quit`.
+constexpr int kOfficeDoesNotAnswer = 462;
+
 struct OfficeAddIn {
     std::string sName;
     bool bInstalled = false;
