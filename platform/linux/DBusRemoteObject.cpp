@@ -1,0 +1,209 @@
+#include "platform/linux/DBusRemoteObject.h"
+
+#include "base/RunTimeError.h"
+#include "platform/linux/busCall.h"
+#include "platform/linux/busErrors.h"
+#include "platform/linux/busValues.h"
+
+#include <QDBusObjectPath>
+#include <algorithm>
+
+namespace zorvo {
+
+namespace {
+
+const QString kIntrospectable = QStringLiteral("org.freedesktop.DBus.Introspectable");
+
+QString objectIn(const QDBusMessage& reply)
+{
+    const QVariant first = reply.arguments().value(0);
+    if (first.metaType() != QMetaType::fromType<QDBusObjectPath>())
+        throw RunTimeError(kCannotCreateObject);
+    return first.value<QDBusObjectPath>().path();
+}
+
+/// A class that can't be had is 429 whatever stood in the way; only what its own maker says comes through.
+RunTimeError creationFailure(const QDBusMessage& errorReply)
+{
+    if (errorReply.errorName() == QLatin1String(kRunTimeErrorName))
+        return failureOf(errorReply);
+    return RunTimeError(kCannotCreateObject);
+}
+
+/// Where each reply goes: the place of the argument of that name, or none for the result.
+QList<qsizetype> placesOf(const BusMember& member)
+{
+    QList<qsizetype> places;
+    for (const BusArgument& reply : member.out) {
+        const auto found = std::find_if(
+            member.in.begin(), member.in.end(), [&reply, &places, &member](const BusArgument& argument) {
+                return !reply.name.isEmpty() && argument.name == reply.name && argument.type == reply.type &&
+                       !places.contains(&argument - member.in.data());
+            });
+        places.append(found == member.in.end() ? -1 : found - member.in.begin());
+    }
+    return places;
+}
+
+/// The result is the first reply that is no argument's; further ones follow the arguments.
+Value distribute(const QVariantList& replies, const QList<qsizetype>& places, std::vector<Value>& arguments)
+{
+    Value result;
+    bool bHasResult = false;
+    for (qsizetype index = 0; index < replies.size(); ++index) {
+        const qsizetype place = index < places.size() ? places.at(index) : -1;
+        if (place >= 0) {
+            arguments.at(static_cast<std::size_t>(place)) = fromBus(replies.at(index));
+        } else if (!bHasResult) {
+            result = fromBus(replies.at(index));
+            bHasResult = true;
+        } else {
+            arguments.push_back(fromBus(replies.at(index)));
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+DBusRemoteObject::DBusRemoteObject(const QDBusConnection& bus, const QString& busName, const QString& server,
+                                   const QString& path, const QString& progId)
+    : bus_(bus)
+    , busName_(busName)
+    , server_(server)
+    , path_(path)
+    // A class id is no interface name: such an object is called by dispatch id alone.
+    , interface_(progId.startsWith(QLatin1Char('{')) ? QString() : progId)
+{
+}
+
+std::shared_ptr<DBusRemoteObject> DBusRemoteObject::create(const QDBusConnection& bus, const QString& busName,
+                                                           const QString& progId)
+{
+    const QDBusMessage reply =
+        callAndServe(bus, methodCall(busName, pathOfBusName(busName), QLatin1String(kServiceInterface),
+                                     QStringLiteral("CreateObject"), {progId}));
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        throw creationFailure(reply);
+    return std::shared_ptr<DBusRemoteObject>(
+        new DBusRemoteObject(bus, busName, reply.service(), objectIn(reply), progId));
+}
+
+std::shared_ptr<DBusRemoteObject> DBusRemoteObject::attach(const QDBusConnection& bus, const QString& busName,
+                                                           const QString& progId)
+{
+    const QString owner = ownerOf(bus, busName);
+    if (owner.isEmpty())
+        throw RunTimeError(kCannotCreateObject);
+    const QDBusMessage reply =
+        callAndServe(bus, methodCall(owner, pathOfBusName(busName), QLatin1String(kServiceInterface),
+                                     QStringLiteral("GetObject"), {progId}));
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        throw RunTimeError(kCannotCreateObject);
+    return std::shared_ptr<DBusRemoteObject>(
+        new DBusRemoteObject(bus, busName, owner, objectIn(reply), progId));
+}
+
+DBusRemoteObject::~DBusRemoteObject()
+{
+    QDBusMessage release =
+        methodCall(server_, pathOfBusName(busName_), QLatin1String(kServiceInterface),
+                   QStringLiteral("ReleaseObject"), {QVariant::fromValue(QDBusObjectPath(path_))});
+    release.setAutoStartService(false);
+    // No answer is waited for: a handle goes at any time, also while the process ends.
+    bus_.send(release);
+}
+
+QDBusMessage DBusRemoteObject::send(const QString& interface, const QString& member,
+                                    const QVariantList& arguments) const
+{
+    return callAndServe(bus_, methodCall(server_, path_, interface, member, arguments));
+}
+
+void DBusRemoteObject::describe()
+{
+    if (bAsked_)
+        return;
+    const QDBusMessage reply = send(kIntrospectable, QStringLiteral("Introspect"), {});
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        members_ = membersFromXml(reply.arguments().value(0).toString(), interface_);
+    else if (failureOf(reply).number() == kServerUnavailable)
+        throw failureOf(reply);
+    bAsked_ = true;
+}
+
+bool DBusRemoteObject::isDescribed()
+{
+    describe();
+    return members_.has_value();
+}
+
+std::optional<BusMember> DBusRemoteObject::member(const QString& name)
+{
+    describe();
+    if (!members_)
+        return {};
+    for (const auto sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive})
+        for (const BusMember& each : *members_)
+            if (each.name.compare(name, sensitivity) == 0)
+                return each;
+    return {};
+}
+
+Value DBusRemoteObject::invoke(const std::string& member, std::vector<Value>& arguments)
+{
+    const QString name = QString::fromStdString(member);
+    if (interface_.isEmpty())
+        throw RunTimeError(kMemberNotFound);
+    if (!isDescribed())
+        return invokeAsItIs(name, arguments);
+    const auto described = this->member(name);
+    if (!described)
+        throw RunTimeError(kMemberNotFound);
+    return invokeDescribed(*described, arguments);
+}
+
+Value DBusRemoteObject::invokeDescribed(const BusMember& member, std::vector<Value>& arguments)
+{
+    if (static_cast<qsizetype>(arguments.size()) != member.in.size())
+        throw RunTimeError(kTypeMismatch);
+    QVariantList wire;
+    for (std::size_t index = 0; index < arguments.size(); ++index)
+        wire.append(toBus(arguments[index], member.in.at(static_cast<qsizetype>(index)).type));
+    const QDBusMessage reply = send(interface_, member.name, wire);
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        throw failureOf(reply);
+    return distribute(reply.arguments(), placesOf(member), arguments);
+}
+
+Value DBusRemoteObject::invokeAsItIs(const QString& member, std::vector<Value>& arguments)
+{
+    QVariantList wire;
+    for (const Value& argument : arguments)
+        wire.append(toBusVariant(argument).value<QDBusVariant>().variant());
+    const QDBusMessage reply = send(interface_, member, wire);
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        throw failureOf(reply);
+    // As many replies as arguments, or one more in front, are the arguments coming back.
+    const qsizetype nArguments = wire.size();
+    const qsizetype nReplies = reply.arguments().size();
+    QList<qsizetype> places(nReplies, -1);
+    if (nArguments > 0 && nReplies >= nArguments && nReplies > 1)
+        for (qsizetype index = 0; index < nArguments; ++index)
+            places[nReplies - nArguments + index] = index;
+    return distribute(reply.arguments(), places, arguments);
+}
+
+Value DBusRemoteObject::invokeById(int dispatchId, std::vector<Value>& arguments)
+{
+    QVariantList wire;
+    for (const Value& argument : arguments)
+        wire.append(toBusVariant(argument).value<QDBusVariant>().variant());
+    const QDBusMessage reply =
+        send(QLatin1String(kDispatchInterface), QStringLiteral("Invoke"), {dispatchId, QVariant(wire)});
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        throw failureOf(reply);
+    return fromBus(reply.arguments().value(0));
+}
+
+} // namespace zorvo

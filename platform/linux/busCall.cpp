@@ -1,0 +1,117 @@
+#include "platform/linux/busCall.h"
+
+#include "base/RunTimeError.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTimer>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+
+namespace zorvo {
+
+namespace {
+
+constexpr std::chrono::seconds kServerMayStart{20};
+constexpr std::chrono::milliseconds kLookAtProcess{50};
+
+bool isActivatable(const QDBusConnection& bus, const QString& busName)
+{
+    const QDBusReply<QStringList> names = bus.interface()->activatableServiceNames();
+    return names.isValid() && names.value().contains(busName);
+}
+
+/// The process of its own; its pid, or 0.
+qint64 startDetached(const QString& executable)
+{
+    QProcess process;
+    process.setProgram(executable);
+    // A caller that reads our output to its end must not wait for the server's.
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    qint64 nPid = 0;
+    return process.startDetached(&nPid) ? nPid : 0;
+}
+
+bool isGone(qint64 nPid)
+{
+    return ::kill(static_cast<pid_t>(nPid), 0) != 0 && errno == ESRCH;
+}
+
+/// False when the process ended first or the time is up.
+bool waitForName(const QDBusConnection& bus, const QString& busName, qint64 nPid)
+{
+    QEventLoop loop;
+    QDBusServiceWatcher watcher(busName, bus, QDBusServiceWatcher::WatchForRegistration);
+    QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &loop, &QEventLoop::quit);
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&loop, nPid] {
+        if (isGone(nPid))
+            loop.quit();
+    });
+    if (ownerOf(bus, busName).isEmpty()) {
+        deadline.start(kServerMayStart);
+        look.start(kLookAtProcess);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    // A process that yields to another one has ended too, but the name is there.
+    return !ownerOf(bus, busName).isEmpty();
+}
+
+} // namespace
+
+QDBusMessage callAndServe(const QDBusConnection& bus, const QDBusMessage& call, int nMilliseconds)
+{
+    const QDBusPendingCall pending = bus.asyncCall(call, nMilliseconds);
+    const QDBusPendingCallWatcher watcher(pending);
+    QEventLoop loop;
+    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    if (!watcher.isFinished())
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!watcher.isFinished())
+        return QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("The process is ending"));
+    return pending.reply();
+}
+
+QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
+                        const QString& member, const QVariantList& arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, member);
+    call.setArguments(arguments);
+    return call;
+}
+
+QString ownerOf(const QDBusConnection& bus, const QString& busName)
+{
+    if (!bus.interface())
+        return {};
+    const QDBusReply<QString> owner = bus.interface()->serviceOwner(busName);
+    return owner.isValid() ? owner.value() : QString();
+}
+
+void ensureServer(const QDBusConnection& bus, const QString& busName, const QString& executable)
+{
+    if (!bus.isConnected() || !bus.interface())
+        throw RunTimeError(kCannotCreateObject, "There is no session bus");
+    if (!ownerOf(bus, busName).isEmpty() || isActivatable(bus, busName))
+        return;
+    const QFileInfo program(executable);
+    if (executable.isEmpty() || !program.isFile() || !program.isExecutable())
+        throw RunTimeError(kCannotCreateObject);
+    const qint64 nPid = startDetached(executable);
+    if (nPid == 0 || !waitForName(bus, busName, nPid))
+        throw RunTimeError(kCannotCreateObject);
+}
+
+} // namespace zorvo
