@@ -1,0 +1,67 @@
+#include "shell/forms/frmSplash.h"
+
+#include "branding/brandedFiles.h"
+#include "branding/companyIdentity.h"
+#include "branding/forms/formBranding.h"
+#include "shell/MainForm.h"
+#include "shell/ShellForms.h"
+#include "shell/eventMailbox.h"
+#include "shell/shellState.h"
+#include "support/versionText.h"
+#include "window/Picture.h"
+#include "window/clsMousePointer.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPixmap>
+#include <QVBoxLayout>
+
+namespace zorvo {
+
+frmSplash::frmSplash()
+    : Form("frmSplash")
+    , picSplash_(new QLabel(this))
+    , lblVersion_(new QLabel(this))
+{
+    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    setCaption(QStringLiteral("Zorvo's Brendle"));
+    picSplash_->setObjectName(QStringLiteral("picSplash"));
+    picSplash_->setAccessibleName(tr("Zorvo's Brendle is starting"));
+    picSplash_->installEventFilter(this);
+    lblVersion_->setObjectName(QStringLiteral("lblVersion"));
+    lblVersion_->setAlignment(Qt::AlignRight);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(picSplash_);
+    layout->addWidget(lblVersion_);
+}
+
+void frmSplash::onLoad()
+{
+    goMousePointer().setMousePointer(11);
+    lblVersion_->setText(QString::fromStdString(GetVersionText()));
+    picSplash_->setPixmap(QPixmap(QStringLiteral(":/pictures/splash.png")));
+    ApplyFormBranding(*this);
+}
+
+void frmSplash::onActivate()
+{
+    if (GetCompanyID() == "Zorvo")
+        return;
+    if (const PicturePtr picture = LoadBrandedPicture("Splash"))
+        picSplash_->setPixmap(picture->pixmap());
+}
+
+void frmSplash::onUnload()
+{
+    goMousePointer().setMousePointer(0);
+}
+
+bool frmSplash::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == picSplash_ && event->type() == QEvent::MouseButtonPress)
+        shellState().forms->mainForm().setTmEventInterval(kRequestEndSplash);
+    return Form::eventFilter(watched, event);
+}
+
+} // namespace zorvo
