@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 
+#include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <libxml/xpath.h>
@@ -46,6 +47,25 @@ struct BufferDeleter {
     void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
 };
 
+/// Entities of other files are never declared, so nothing can make the parser open one.
+void declareInternalEntity(void* parser, const xmlChar* name, int type, const xmlChar* publicId,
+                           const xmlChar* systemId, xmlChar* content)
+{
+    if (type == XML_INTERNAL_GENERAL_ENTITY || type == XML_INTERNAL_PARAMETER_ENTITY)
+        xmlSAX2EntityDecl(parser, name, type, publicId, systemId, content);
+}
+
+/// The parser takes a zero character behind the root for the end of the text.
+bool isReadToItsEnd(const xmlParserCtxt& context)
+{
+    return context.input && context.input->cur == context.input->end;
+}
+
+bool isOfName(const xmlNode& node, std::string_view name)
+{
+    return node.type == XML_ELEMENT_NODE && !node.ns && name == fromXml(node.name);
+}
+
 void ignoreStructuredError(void* /*user*/, xmlError* /*error*/) {}
 
 std::unique_ptr<xmlXPathCompExpr, XPathExpressionDeleter> compile(const std::string& xpath,
@@ -72,10 +92,16 @@ std::vector<xmlNode*> evaluate(xmlDoc* document, xmlNode* start, const std::stri
         xmlXPathCompiledEval(compiled.get(), context.get()));
     if (!found || found->type != XPATH_NODESET)
         throw RunTimeError(kInvalidCall, "The expression \"" + xpath + "\" does not select nodes");
-    // The evaluation ends with the nodes in document order.
+    std::vector<xmlNode*> nodes;
     if (!found->nodesetval)
-        return {};
-    return {found->nodesetval->nodeTab, found->nodesetval->nodeTab + found->nodesetval->nodeNr};
+        return nodes;
+    // The evaluation ends with the nodes in document order. Namespace nodes belong to the result alone.
+    nodes.reserve(static_cast<std::size_t>(found->nodesetval->nodeNr));
+    for (int n = 0; n < found->nodesetval->nodeNr; ++n) {
+        if (found->nodesetval->nodeTab[n]->type != XML_NAMESPACE_DECL)
+            nodes.push_back(found->nodesetval->nodeTab[n]);
+    }
+    return nodes;
 }
 
 } // namespace
@@ -118,9 +144,8 @@ std::string XmlNode::attribute(const char* name) const
 
 std::optional<std::string> XmlNode::attributeIfAny(const char* name) const
 {
-    if (!isElement() || !xmlHasProp(node_, toXml(name)))
-        return std::nullopt;
-    return takeText(xmlGetProp(node_, toXml(name)));
+    xmlChar* value = isElement() ? xmlGetNoNsProp(node_, toXml(name)) : nullptr;
+    return value ? std::optional(takeText(value)) : std::nullopt;
 }
 
 XmlNode XmlNode::firstChild() const
@@ -136,7 +161,7 @@ XmlNode XmlNode::nextSibling() const
 XmlNode XmlNode::childElement(std::string_view name) const
 {
     for (xmlNode* child = checked()->children; child; child = child->next) {
-        if (child->type == XML_ELEMENT_NODE && name == fromXml(child->name))
+        if (isOfName(*child, name))
             return {document_, child};
     }
     return {};
@@ -151,7 +176,7 @@ std::vector<XmlNode> XmlNode::childElements(std::string_view name) const
 {
     std::vector<XmlNode> found;
     for (xmlNode* child = checked()->children; child; child = child->next) {
-        if (child->type == XML_ELEMENT_NODE && name == fromXml(child->name))
+        if (isOfName(*child, name))
             found.push_back(XmlNode(document_, child));
     }
     return found;
@@ -203,15 +228,17 @@ bool XmlDocument::parse(std::string_view bytes, const char* encoding)
     const std::unique_ptr<xmlParserCtxt, ParserDeleter> context(xmlNewParserCtxt());
     if (!context)
         throw std::bad_alloc();
-    // XML_PARSE_HUGE is left out on purpose: a catalogue from outside must not exhaust the machine.
+    context->sax->entityDecl = declareInternalEntity;
+    // XML_PARSE_HUGE is left out on purpose: a catalogue from outside must not exhaust the machine. Entities
+    // are replaced as they are read, since the parser limits their growth only then.
     constexpr int kOptions =
-        XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
+        XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
     xmlDoc* parsed = xmlCtxtReadMemory(context.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr,
                                        encoding, kOptions);
     if (!parsed)
         return false;
     document_.reset(parsed, xmlFreeDoc);
-    if (!context->wellFormed)
+    if (!context->wellFormed || !isReadToItsEnd(*context))
         document_.reset();
     return document_ != nullptr;
 }

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-struct _xmlDoc;
-struct _xmlNode;
+struct _xmlDoc;  // NOLINT(bugprone-reserved-identifier): libxml2's own name
+struct _xmlNode; // NOLINT(bugprone-reserved-identifier): libxml2's own name
 
 namespace zorvo {
 
@@ -25,14 +25,14 @@ public:
     bool isElement() const;
     /// All text below the node, entities resolved, as the parser gives it (not trimmed).
     std::string text() const;
-    /// Throws RunTimeError 91 when the attribute is missing.
+    /// The attribute of that name without a prefix. Throws RunTimeError 91 when it is missing.
     std::string attribute(const char* name) const;
     std::optional<std::string> attributeIfAny(const char* name) const;
 
     /// All child nodes in document order, text and comments included.
     XmlNode firstChild() const;
     XmlNode nextSibling() const;
-    /// The first child element of that name (exact), or null. Costs no XPath.
+    /// The first child element of that name (exact, in no namespace, as in XPath), or null. Costs no XPath.
     XmlNode childElement(std::string_view name) const;
     /// Its text; throws RunTimeError 91 when there is no such child.
     std::string childText(std::string_view name) const;
@@ -57,8 +57,9 @@ private:
     _xmlNode* node_ = nullptr;
 };
 
-/// An XML document with XPath. A text that is not well formed leaves the document empty: it is never half-read.
-/// No network, no external entities, no entity expansion beyond the parser's limits.
+/// An XML document with XPath. A text that is not well formed leaves the document empty: it is never
+/// half-read. No network, no external entities (a reference to one is as to one that isn't declared), no
+/// entity expansion beyond the parser's limits.
 class XmlDocument {
 public:
     /// Text that is UTF-8 already, whatever its declaration says. False (and empty) when not well formed.

@@ -20,9 +20,9 @@ extern std::string gsErrDescription;
 void ReportError(const std::optional<std::string>& sTag = {}, const std::optional<std::string>& sMessage = {},
                  const std::optional<bool>& bQuiet = {});
 
-using FailureReporter = std::function<void(const std::optional<std::string>& sTag,
-                                           const std::optional<std::string>& sMessage,
-                                           const std::optional<bool>& bQuiet)>;
+using FailureReporter =
+    std::function<void(const std::optional<std::string>& sTag, const std::optional<std::string>& sMessage,
+                       const std::optional<bool>& bQuiet)>;
 
 /// Installs the reporter and gives back the one before, so that a test can put it back.
 FailureReporter setFailureReporter(FailureReporter reporter);

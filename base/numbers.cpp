@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "base/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -47,6 +48,24 @@ std::size_t numberLength(std::string_view text)
     return at;
 }
 
+/// The number, which has a digit that isn't 0, is below 1.
+bool isBelowOne(std::string_view number)
+{
+    const std::size_t exponentSign = number.find_first_of("eE");
+    const std::string_view mantissa = number.substr(0, exponentSign);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t firstDigit = mantissa.find_first_of("123456789");
+    // Places that the first digit stands in front of the point; below 1 behind it.
+    double places = static_cast<double>(point) - static_cast<double>(firstDigit);
+    if (exponentSign != std::string_view::npos) {
+        double exponent = 0;
+        for (const char c : number.substr(exponentSign + 1))
+            exponent = isDigit(c) ? exponent * 10 + (c - '0') : exponent;
+        places += number[exponentSign + 1] == '-' ? -exponent : exponent;
+    }
+    return places < 1;
+}
+
 double parse(std::string_view number)
 {
     if (number.starts_with('+'))
@@ -54,9 +73,8 @@ double parse(std::string_view number)
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Too small reads as zero; too large is an overflow. The exponent's sign tells which.
-        const auto exponent = number.find_first_of("eE");
-        if (exponent != std::string_view::npos && number.substr(exponent + 1).starts_with('-'))
+        // Too small reads as zero; too large is an overflow.
+        if (isBelowOne(number))
             return 0;
         throw RunTimeError(kOverflow);
     }

@@ -22,7 +22,8 @@ std::string sGetFileName(const std::string& sFullName, bool bNoExtension)
     if (sFullName.find_first_of("\\:") != std::string::npos) {
         const std::string sFolder = sGetFilePath(sFullName);
         const std::size_t n = sFullName.size() - (sFolder.ends_with('\\') ? 0 : 1);
-        sName = n > sFolder.size() ? sFullName.substr(sFullName.size() - (n - sFolder.size())) : std::string();
+        sName =
+            n > sFolder.size() ? sFullName.substr(sFullName.size() - (n - sFolder.size())) : std::string();
     }
     if (bNoExtension) {
         const auto nDot = sName.rfind('.');

@@ -3,7 +3,8 @@
 #include <optional>
 #include <string>
 
-/// Texts that are paths in the backslash form, with a drive: `C:\folder\name.ext`. Nothing here touches a disk.
+/// Texts that are paths in the backslash form, with a drive: `C:\folder\name.ext`. Nothing here touches a
+/// disk.
 namespace zorvo {
 
 /// The folder part. A path without a "." anywhere is all folder; a root keeps its backslash; a path whose

@@ -12,7 +12,8 @@ namespace {
 
 constexpr UChar32 kRawByteBase = 0x110000; // keeps a stray byte apart from every real character
 
-/// Reads one character at `position` and moves past it; a byte that is not UTF-8 comes as itself, above Unicode.
+/// Reads one character at `position` and moves past it; a byte that is not UTF-8 comes as itself, above
+/// Unicode.
 UChar32 nextCharacter(std::string_view text, std::size_t& position)
 {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -153,18 +154,18 @@ std::string replaceAllNoCase(std::string_view text, std::string_view find, std::
     if (find.empty())
         return std::string(text);
     std::string result;
+    std::size_t copied = 0;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = matchLengthNoCase(text.substr(at), find);
-        if (length != std::string::npos) {
-            result.append(replacement);
-            at += length;
+        if (length == std::string::npos) {
+            nextCharacter(text, at);
             continue;
         }
-        const std::size_t start = at;
-        nextCharacter(text, at);
-        result.append(text.substr(start, at - start));
+        result.append(text.substr(copied, at - copied)).append(replacement);
+        at += length;
+        copied = at;
     }
-    return result;
+    return result.append(text.substr(copied));
 }
 
 std::string trimBlanks(std::string_view text)
