@@ -40,7 +40,8 @@ public:
             // A name that can't be given is passed over: only the end of the entries ends the level.
             if (nStatus != kRegistrySuccess || sName.empty())
                 continue;
-            const std::string sChild = sPath + "\\" + sName;
+            std::string sChild = sPath;
+            sChild.append("\\").append(sName);
             if (sName == sSearchKey_)
                 takeValue(sChild);
             else

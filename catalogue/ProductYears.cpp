@@ -127,6 +127,7 @@ void ProductYears::appendNodes(const std::vector<YearEntry>& entries, const std:
     for (const YearEntry& entry : entries)
         nHighest = std::max(nHighest, entry.nValue.value_or(0));
 
+    const std::string sGroupAndProduct = sGroup + "\\" + sProduct;
     std::optional<std::string> sTitle;
     for (const YearEntry& entry : entries) {
         if (!entry.nValue)
@@ -135,7 +136,7 @@ void ProductYears::appendNodes(const std::vector<YearEntry>& entries, const std:
         std::string sAppPath;
         GetQBKInfo(sProduct, sGroup, entry.sName, bInstalled, sAppPath, hHive);
         if (!sTitle)
-            sTitle = GetProductTitle(sGroup + "\\" + sProduct, hHive);
+            sTitle = GetProductTitle(sGroupAndProduct, hHive);
         sNodes += BuildProductNode({.sName = *sTitle,
                                     .sProductKey = sProduct,
                                     .sYear = entry.sName,

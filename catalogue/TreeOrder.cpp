@@ -25,7 +25,7 @@ std::string saveServerCopy(const std::string& sZorvoPath)
     XmlDocument document;
     const std::string sTemporary = cutAtNull(platform().folders->temporary());
     document.loadXML(sTreeOrderFromServer(sZorvoPath));
-    const std::string sPath = sTemporary + "\\" + kTreeOrderFile;
+    std::string sPath = sTemporary + "\\" + kTreeOrderFile;
     platform().files->write(sPath, document.xml());
     return sPath;
 }
