@@ -98,6 +98,14 @@ std::string upperCase(std::string_view text)
     return result;
 }
 
+bool isUtf8(std::string_view text)
+{
+    for (std::size_t at = 0; at < text.size();)
+        if (nextCharacter(text, at) >= kRawByteBase)
+            return false;
+    return true;
+}
+
 int compareCodes(std::string_view a, std::string_view b)
 {
     return compareCharacters(a, b, false);

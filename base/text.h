@@ -10,6 +10,8 @@ namespace zorvo {
 
 std::string upperCase(std::string_view text);
 
+bool isUtf8(std::string_view text);
+
 /// Below, equal to or above 0, by character code.
 int compareCodes(std::string_view a, std::string_view b);
 /// The same over the upper-case forms.

@@ -23,11 +23,13 @@ enum RegistryStatus : std::int32_t {
     kRegistryFileNotFound = 2,
     kRegistryAccessDenied = 5,
     kRegistryInvalidParameter = 87,
+    kRegistryDiskFull = 112,
+    kRegistryBusy = 170,
     kRegistryMoreData = 234,
     kRegistryNoMoreItems = 259,
     kRegistryCorrupt = 1015,
+    kRegistryInputOutput = 1016,
     kRegistryKeyDeleted = 1018,
-    kRegistryBusy = 170,
 };
 
 enum class RegistryType : std::uint32_t {

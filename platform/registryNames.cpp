@@ -2,8 +2,6 @@
 
 #include "base/text.h"
 
-#include <unicode/utf8.h>
-
 #include <array>
 
 namespace zorvo {
@@ -23,19 +21,6 @@ constexpr std::array<HiveName, 5> kHiveNames{{
     {HKEY_USERS, "HKEY_USERS", "HKU"},
     {HKEY_CURRENT_CONFIG, "HKEY_CURRENT_CONFIG", "HKCC"},
 }};
-
-bool isUtf8(std::string_view text)
-{
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto length = static_cast<std::int32_t>(text.size());
-    for (std::int32_t at = 0; at < length;) {
-        UChar32 character = 0;
-        U8_NEXT(bytes, at, length, character);
-        if (character < 0)
-            return false;
-    }
-    return true;
-}
 
 } // namespace
 

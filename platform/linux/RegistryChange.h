@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Registry.h"
+
+#include <string>
+#include <vector>
+
+namespace zorvo {
+
+/// A value with its name as spelled and its bytes as stored.
+struct RegistryValue {
+    std::string sName;
+    RegistryType type = RegistryType::none;
+    std::string sData;
+};
+
+/// One change of the registry; several are made together or not at all.
+struct RegistryChange {
+    enum class Kind { makeKey, deleteKey, setValue, deleteValue };
+
+    Kind kind = Kind::makeKey;
+    Hive hive = kHiveNone;
+    std::string sPath;
+    /// For the two kinds about values; a deletion needs the name alone.
+    RegistryValue value;
+};
+
+} // namespace zorvo

@@ -1,0 +1,42 @@
+#include "platform/linux/RegistryFile.h"
+
+#include "base/RunTimeError.h"
+#include "platform/linux/RegistryStore.h"
+#include "platform/linux/RegistryText.h"
+#include "platform/registryNames.h"
+
+namespace zorvo {
+
+namespace {
+
+void writeKey(RegistryStore& store, Hive hive, const std::string& sPath, RegistryTextWriter& writer)
+{
+    const std::string sHive = registryHiveName(hive);
+    writer.key(sPath.empty() ? sHive : sHive + '\\' + sPath);
+    for (const RegistryValue& value : store.values(hive, sPath))
+        writer.value(value);
+    for (const std::string& sName : store.subKeys(hive, sPath))
+        writeKey(store, hive, sPath.empty() ? sName : sPath + '\\' + sName, writer);
+}
+
+} // namespace
+
+void importRegistryText(RegistryStore& store, std::string_view bytes)
+{
+    store.apply(parseRegistryText(bytes));
+}
+
+std::string exportRegistryKey(RegistryStore& store, const std::string& sFullKey, RegistryTextForm form)
+{
+    const auto place = registryPlace(sFullKey);
+    if (!place)
+        throw RunTimeError(kInvalidCall, "That is no registry key.");
+    const RegistryStore::Snapshot snapshot(store);
+    if (!store.hasKey(place->hive, place->sPath))
+        throw RunTimeError(kFileNotFound, "There is no such registry key.");
+    RegistryTextWriter writer;
+    writeKey(store, place->hive, place->sPath, writer);
+    return form == RegistryTextForm::utf16 ? writer.utf16() : writer.text();
+}
+
+} // namespace zorvo
