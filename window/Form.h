@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QWidget>
 
+#include <exception>
 #include <functional>
 
 namespace zorvo {
@@ -60,10 +61,21 @@ protected:
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// Runs an event's work. A failure can't cross the event loop: that of a modal form is thrown from `showModal`,
+    /// which then ends, any other is reported.
+    void guard(const std::function<void()>& work);
+    /// The same as a slot, for connections.
+    std::function<void()> guarded(std::function<void()> work);
+
 private:
+    void activateOnce();
+    void finishUnload();
+
     bool bLoaded_ = false;
     bool bUnloading_ = false;
+    bool bActive_ = false;
     QEventLoop* modalLoop_ = nullptr;
+    std::exception_ptr failure_;
 };
 
 } // namespace zorvo
