@@ -57,7 +57,7 @@ std::optional<std::string> FakeSettings::value(const std::string& key) const
 
 std::string FakeSettings::sectionName(const std::string& application, const std::string& section)
 {
-    return upperCase(application) + '\n' + upperCase(section);
+    return application + '\n' + upperCase(section);
 }
 
 } // namespace zorvo

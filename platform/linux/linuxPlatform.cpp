@@ -1,0 +1,30 @@
+#include "platform/linux/linuxPlatform.h"
+
+#include "platform/Platform.h"
+#include "platform/linux/LinuxFiles.h"
+#include "platform/linux/LinuxLauncher.h"
+#include "platform/linux/LinuxLibraryLoader.h"
+#include "platform/linux/LinuxMachine.h"
+#include "platform/linux/LinuxSpecialFolders.h"
+#include "platform/linux/RegistryStore.h"
+#include "platform/linux/SettingsFile.h"
+#include "platform/linux/environmentFolders.h"
+
+namespace zorvo {
+
+void installLinuxPlatform()
+{
+    const DosPaths paths(userDataFolder());
+    Platform& ports = platform();
+    ports.registry = std::make_shared<RegistryStore>();
+    ports.settings = std::make_shared<SettingsFile>();
+    ports.files = std::make_shared<LinuxFiles>(paths);
+    ports.folders = std::make_shared<LinuxSpecialFolders>(paths);
+    ports.launcher = std::make_shared<LinuxLauncher>(paths);
+    ports.libraries = std::make_shared<LinuxLibraryLoader>(paths);
+    ports.machine = std::make_shared<LinuxMachine>();
+    // A user whose registry can't be written has no such folder, which the program bears.
+    writeAppDataFolder(*ports.registry, *ports.files);
+}
+
+} // namespace zorvo

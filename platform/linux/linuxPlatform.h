@@ -1,0 +1,11 @@
+#pragma once
+
+namespace zorvo {
+
+/// Installs this platform's adaptors for the machine side in `platform()`: registry, settings, files,
+/// folders, launcher, libraries and machine, at the places that the environment names. The first start writes
+/// the user's application data folder. The ports of office, objects, service and help stay as they are: each
+/// program adds the ones it uses.
+void installLinuxPlatform();
+
+} // namespace zorvo
