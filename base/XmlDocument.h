@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/XmlCursor.h"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,6 +48,10 @@ public:
     /// The node as XML text, with no declaration.
     std::string xml() const;
 
+    /// For a walk below this node: the element itself, and back again. A null node gives a null cursor.
+    XmlCursor cursor() const { return XmlCursor(node_); }
+    XmlNode at(XmlCursor cursor) const { return {document_, cursor.node()}; }
+
     friend bool operator==(const XmlNode& a, const XmlNode& b) { return a.node_ == b.node_; }
 
 private:
@@ -69,6 +75,9 @@ public:
 
     bool isEmpty() const { return document_ == nullptr; }
     XmlNode documentElement() const;
+
+    /// A node that a walk from `documentElement().cursor()` reached.
+    XmlNode at(XmlCursor cursor) const { return {document_, cursor.node()}; }
 
     /// XPath from the document node. On an empty document nothing is found; a malformed expression throws
     /// RunTimeError 5 in either case.
