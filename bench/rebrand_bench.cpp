@@ -29,6 +29,7 @@ constexpr std::size_t kTextsPerDocument = 50;
 /// Captions, titles, tips and messages as the forms have them.
 const std::vector<std::string>& ownTexts()
 {
+    // NOLINTBEGIN(bugprone-suspicious-missing-comma): long texts stand on several lines
     static const std::vector<std::string> texts = {
         "Zorvo's Brendle",
         "Users of these products are encouraged to contact Zorvo to offer any comments or suggestions to "
@@ -82,6 +83,7 @@ const std::vector<std::string>& ownTexts()
         "New Document",
         "E&xit",
     };
+    // NOLINTEND(bugprone-suspicious-missing-comma)
     return texts;
 }
 

@@ -8,9 +8,9 @@
 
 namespace zorvo {
 
-int BrandedMsgBox(std::string& sPrompt, std::optional<int> nButtons, std::optional<std::string> sTitle,
-                  std::optional<std::string> sHelpFile, std::optional<int> nContext,
-                  std::optional<std::string> sTitleSuffix)
+int BrandedMsgBox(std::string& sPrompt, std::optional<int> nButtons, const std::optional<std::string>& sTitle,
+                  const std::optional<std::string>& sHelpFile, std::optional<int> nContext,
+                  const std::optional<std::string>& sTitleSuffix)
 {
     processPendingEvents();
     const std::int16_t nPointer = screenPointer();
@@ -31,13 +31,12 @@ int BrandedMsgBox(std::string& sPrompt, std::optional<int> nButtons, std::option
     return nResult;
 }
 
-int BrandedMsgBox(const std::string& sPrompt, std::optional<int> nButtons, std::optional<std::string> sTitle,
-                  std::optional<std::string> sHelpFile, std::optional<int> nContext,
-                  std::optional<std::string> sTitleSuffix)
+int BrandedMsgBox(const std::string& sPrompt, std::optional<int> nButtons,
+                  const std::optional<std::string>& sTitle, const std::optional<std::string>& sHelpFile,
+                  std::optional<int> nContext, const std::optional<std::string>& sTitleSuffix)
 {
     std::string sOwnPrompt = sPrompt;
-    return BrandedMsgBox(sOwnPrompt, nButtons, std::move(sTitle), std::move(sHelpFile), nContext,
-                         std::move(sTitleSuffix));
+    return BrandedMsgBox(sOwnPrompt, nButtons, sTitle, sHelpFile, nContext, sTitleSuffix);
 }
 
 } // namespace zorvo

@@ -10,12 +10,14 @@ namespace zorvo {
 /// "Zorvo's Brendle" when not given, `sTitleSuffix` follows it after a colon and two blanks. With a context
 /// other than 0 the box has help: `sHelpFile` at that topic.
 int BrandedMsgBox(std::string& sPrompt, std::optional<int> nButtons = {},
-                  std::optional<std::string> sTitle = {}, std::optional<std::string> sHelpFile = {},
-                  std::optional<int> nContext = {}, std::optional<std::string> sTitleSuffix = {});
+                  const std::optional<std::string>& sTitle = {},
+                  const std::optional<std::string>& sHelpFile = {}, std::optional<int> nContext = {},
+                  const std::optional<std::string>& sTitleSuffix = {});
 
 /// For a text that the caller doesn't want back.
 int BrandedMsgBox(const std::string& sPrompt, std::optional<int> nButtons = {},
-                  std::optional<std::string> sTitle = {}, std::optional<std::string> sHelpFile = {},
-                  std::optional<int> nContext = {}, std::optional<std::string> sTitleSuffix = {});
+                  const std::optional<std::string>& sTitle = {},
+                  const std::optional<std::string>& sHelpFile = {}, std::optional<int> nContext = {},
+                  const std::optional<std::string>& sTitleSuffix = {});
 
 } // namespace zorvo

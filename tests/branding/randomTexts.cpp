@@ -1,5 +1,7 @@
 #include "tests/branding/randomTexts.h"
 
+#include "tests/branding/captionXml.h"
+
 #include <iterator>
 
 namespace zorvo {
@@ -23,25 +25,9 @@ constexpr const char* kFragments[] = {
     "\r\n",        "@",          "`",          "{",         "/",         ":",
     "[~~ZorvoU~]", "[~Zorvo",    "ABC",        "OTR"};
 
-constexpr const char* kCompanies[] = {"ABC",
-                                      "OTR",
-                                      "Zorvo",
-                                      "zorvo",
-                                      "ZorvoPlus",
-                                      "0",
-                                      "~0~]",
-                                      "[~~",
-                                      "[~~5~]",
-                                      "[",
-                                      "~]",
-                                      "U~]",
-                                      "9",
-                                      "_",
-                                      "X Zorvo",
-                                      "Zorvo\\",
-                                      " option",
-                                      "\xC3\x96"
-                                      "L"};
+constexpr const char* kCompanies[] = {"ABC",  "OTR", "Zorvo",   "zorvo",   "ZorvoPlus", "0",
+                                      "~0~]", "[~~", "[~~5~]",  "[",       "~]",        "U~]",
+                                      "9",    "_",   "X Zorvo", "Zorvo\\", " option",   "\xC3\x96-L"};
 
 constexpr const char* kExemptNames[] = {"ZorvoSysSupport.txt", "ZorvoSysInfo.txt"};
 
@@ -89,12 +75,9 @@ std::string RandomTexts::captionDocument()
     // Half of the documents have no pair: the tokens' own play must not drown in them.
     const std::size_t nPairs = coin() ? 0 : 1 + below(6);
     for (std::size_t n = 1; n <= nPairs; ++n) {
-        const std::string sNumber = std::to_string(n);
         const std::string sReplace =
             below(4) == 0 ? std::string() : pick(kPairTexts, below(std::size(kPairTexts)));
-        sPairs += "<Find" + sNumber + ">" + pick(kPairTexts, below(std::size(kPairTexts))) + "</Find" +
-                  sNumber + ">";
-        sPairs += "<Replace" + sNumber + ">" + sReplace + "</Replace" + sNumber + ">";
+        sPairs += pairXml(static_cast<int>(n), pick(kPairTexts, below(std::size(kPairTexts))), sReplace);
     }
     return "<Captions><Rebrand>" + sPairs + "</Rebrand></Captions>";
 }

@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "tests/branding/BrandingTest.h"
+#include "tests/branding/captionXml.h"
 #include "tests/branding/literalRebrand.h"
 #include "tests/branding/randomTexts.h"
 
@@ -212,11 +213,8 @@ TEST_F(RebrandTest, FollowsTheCompanyAtOnceAndKeepsTheDocumentThatIsLoaded)
 TEST_F(RebrandTest, OverflowsWhenThePairsPassSixteenBits)
 {
     std::string sPairs;
-    for (int n = 1; n <= 32767; ++n) {
-        const std::string sNumber = std::to_string(n);
-        sPairs +=
-            "<Find" + sNumber + ">a</Find" + sNumber + "><Replace" + sNumber + ">a</Replace" + sNumber + ">";
-    }
+    for (int n = 1; n <= 32767; ++n)
+        sPairs += pairXml(n, "a", "a");
     putPairs(sPairs);
     try {
         rebranded("text");

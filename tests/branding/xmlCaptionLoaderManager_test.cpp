@@ -50,7 +50,7 @@ std::vector<std::string> pairsRead()
     std::string sFind;
     std::string sReplace;
     for (std::int16_t n = 1; bGetRebrandPair(n, sFind, sReplace); ++n)
-        pairs.push_back(sFind + ">" + sReplace);
+        pairs.push_back(std::string(sFind).append(">").append(sReplace));
     return pairs;
 }
 
