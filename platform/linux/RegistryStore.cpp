@@ -89,7 +89,7 @@ private:
 
 [[noreturn]] void throwNoKey()
 {
-    throw RegistryFailure(kInvalidCall, kRegistryInvalidParameter, "That is no registry key.");
+    throw RegistryFailure(kInvalidCall, kRegistryInvalidParameter, "That is no registry key or no value of one.");
 }
 
 } // namespace
