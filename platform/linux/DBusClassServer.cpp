@@ -1,6 +1,7 @@
 #include "platform/linux/DBusClassServer.h"
 
 #include "base/RunTimeError.h"
+#include "platform/linux/busCall.h"
 #include "platform/linux/busErrors.h"
 #include "platform/linux/busReplies.h"
 #include "platform/linux/busValues.h"
@@ -216,6 +217,7 @@ void DBusClassServer::callOperation(const QDBusMessage& message, const ServedObj
     }
     const auto call = openCalls_.insert(openCalls_.end(), {message, &operation, std::move(arguments)});
     QDBusMessage answer;
+    wakeNestedLoops();
     try {
         const Value result = operation.call(*instance, call->arguments);
         answer = successReply(message, operation, result, call->arguments);
@@ -239,6 +241,7 @@ void DBusClassServer::callDispatch(const QDBusMessage& message, const ServedObje
     const AutomationObjectPtr instance = object.instance;
     const auto call = openCalls_.insert(openCalls_.end(), {message, &invoke, {}});
     QDBusMessage answer;
+    wakeNestedLoops();
     try {
         for (const QVariant& argument : busVariants(message.arguments().at(1)))
             call->arguments.push_back(fromBus(argument));

@@ -1,5 +1,7 @@
 #include "platform/linux/EndOfService.h"
 
+#include "platform/linux/busCall.h"
+
 #include <QCoreApplication>
 
 namespace zorvo {
@@ -38,8 +40,10 @@ void EndOfService::consider()
         return;
     bConsidering_ = true;
     server_.releaseName();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    for (int nRound = 0; nRound < 2; ++nRound) {
+        wakeNestedLoops();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
     bConsidering_ = false;
     // With the name back, a client of meanwhile has come; it may even have gone, and the next one be on its
     // way.

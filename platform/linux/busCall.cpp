@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QDBusPendingCall>
@@ -63,6 +64,7 @@ bool waitForName(const QDBusConnection& bus, const QString& busName, qint64 nPid
     if (ownerOf(bus, busName).isEmpty()) {
         deadline.start(kServerMayStart);
         look.start(kLookAtProcess);
+        wakeNestedLoops();
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
     // A process that yields to another one has ended too, but the name is there.
@@ -77,11 +79,18 @@ QDBusMessage callAndServe(const QDBusConnection& bus, const QDBusMessage& call, 
     const QDBusPendingCallWatcher watcher(pending);
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    wakeNestedLoops();
     if (!watcher.isFinished())
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (!watcher.isFinished())
         return QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("The process is ending"));
     return pending.reply();
+}
+
+void wakeNestedLoops()
+{
+    if (QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance())
+        dispatcher->wakeUp();
 }
 
 QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,

@@ -17,6 +17,11 @@ inline constexpr int kNoTimeOut = std::numeric_limits<int>::max();
 QDBusMessage callAndServe(const QDBusConnection& bus, const QDBusMessage& call,
                           int nMilliseconds = kNoTimeOut);
 
+/// To be called before what may run a nested event loop inside an event handler. Events that were posted
+/// together with the one being handled don't wake such a loop by themselves: a call to us could wait there
+/// for ever.
+void wakeNestedLoops();
+
 /// A call to an object; `interface` may be empty.
 QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
                         const QString& member, const QVariantList& arguments = {});

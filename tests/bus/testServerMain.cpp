@@ -1,0 +1,18 @@
+#include "platform/linux/DBusObjectService.h"
+#include "tests/bus/ProbeClasses.h"
+
+#include <QCoreApplication>
+
+/// Serves the test classes under the program's own bus name, by the program's own rules. Exit code 3 when
+/// another process serves already.
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    zorvo::DBusObjectService service;
+    zorvo::ProbeHost host;
+    host.endProcess = [&service] { service.endProcess(); };
+    host.reconsiderEnd = [&service] { service.reconsiderEnd(); };
+    if (!service.start(zorvo::probeClasses(host), [&host] { return host.bFormLoaded; }))
+        return 3;
+    return QCoreApplication::exec();
+}
