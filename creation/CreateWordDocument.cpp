@@ -1,0 +1,53 @@
+#include "creation/CreateWordDocument.h"
+
+#include "creation/addInConnection.h"
+#include "creation/fileNaming.h"
+#include "creation/officeApplications.h"
+#include "creation/officeCall.h"
+#include "platform/Office.h"
+
+namespace zorvo {
+
+namespace {
+constexpr int kWordDocumentFormat = 0;
+}
+
+void CreateWordDocument(const std::string& sUpperTemplatePath, const std::string& sFolder,
+                        std::string& sFileName, bool bShare, bool bSave, const std::string& sProfileData)
+{
+    const bool bBatch = bShare && bSave;
+    const std::string sSaveName =
+        bSave ? sSaveNameFor(sUpperTemplatePath, ".DOT", sFolder, sFileName, ".DOC") : std::string();
+    creationState().objWordApp = GetWordApplication(creationState().objWordApp);
+    const auto objWordApp = creationState().objWordApp;
+    if (!objWordApp)
+        return;
+
+    if (!bBatch)
+        officeCall([&] { objWordApp->setVisible(true); });
+    officeCall([&] { objWordApp->documentsAdd(sUpperTemplatePath); });
+    LateBoundPtr connection = wordConnection(objWordApp);
+    if (bSave) {
+        if (connection) {
+            officeCall([&] { connection->call("SuppressSaveAs"); });
+            officeCall([&] { connection->call("SetSaveFlag"); });
+            if (bShare)
+                officeCall([&] { connection->call("SetForceShareFlag"); });
+            officeCall([&] {
+                connection->call("StuffProperties", {objWordApp->activeDocument(), sProfileData});
+            });
+        }
+        officeCall([&] { objWordApp->activeDocument()->saveAs(sSaveName, kWordDocumentFormat); });
+    }
+    // After the save: what the refresh changes in a batch's document is not kept.
+    if (connection) {
+        officeCall([&] { connection->call("RefreshFields", {objWordApp->activeDocument()}); });
+        connection.reset();
+    }
+    if (bBatch)
+        officeCall([&] { objWordApp->activeDocument()->close(); });
+    else
+        ShowWord(*objWordApp);
+}
+
+} // namespace zorvo
