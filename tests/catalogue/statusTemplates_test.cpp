@@ -158,7 +158,7 @@ TEST(BuildProductNode, EqualsTheRuleWordForWordForAnyValues)
             sText += fragments[random() % fragments.size()];
         return sText;
     };
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < 3000; ++round) {
         const std::array<std::string, 5> texts = {text(), text(), text(), text(), text()};
         const ProductNodeValues values = {.sName = texts[0],
                                           .sProductKey = texts[1],
