@@ -81,6 +81,7 @@ QByteArray iconEntry(const QImage& image)
 QByteArray icon(const QString& drawing)
 {
     std::vector<QByteArray> entries;
+    entries.reserve(kIconSizes.size());
     for (const int size : kIconSizes) {
         entries.push_back(iconEntry(draw(drawing, size)));
     }
