@@ -46,8 +46,8 @@ private:
     bool bSelected_ = false;
 };
 
-/// Told what changes, so that a view can follow. Changes between `nodesAboutToReset` and `nodesReset` are not told
-/// one by one.
+/// Told what changes, so that a view can follow. Changes between `nodesAboutToReset` and `nodesReset` are not
+/// told one by one.
 class TreeNodesListener {
 public:
     virtual ~TreeNodesListener() = default;
@@ -58,7 +58,10 @@ public:
     virtual void nodeAboutToBeRemoved(const TreeNode& node) = 0;
     virtual void nodeRemoved() = 0;
     virtual void expandedChanged(TreeNode& node) = 0;
+    /// The node is selected now, or no longer is.
     virtual void selectionChanged(TreeNode& node) = 0;
+    /// No node is selected any more.
+    virtual void selectionCleared() = 0;
     virtual void selectionModeChanged() = 0;
 };
 
@@ -73,9 +76,9 @@ public:
     ImageList& images() { return images_; }
     const ImageList& images() const { return images_; }
 
-    /// Appends a node as the last child of the node with key `sRelative` (empty: a root). Throws RunTimeError 457
-    /// when `sKey` is in the tree already, 35601 when there is no such relative. An empty key is allowed any
-    /// number of times and is never found.
+    /// Appends a node as the last child of the node with key `sRelative` (empty: a root). Throws RunTimeError
+    /// 457 when `sKey` is in the tree already, 35601 when there is no such relative. An empty key is allowed
+    /// any number of times and is never found.
     TreeNode& add(const std::string& sRelative, const std::string& sKey, const std::string& sText, int nImage,
                   int nTag);
 
@@ -88,20 +91,24 @@ public:
 
     /// Removes the node and all below it; the nodes behind it move up in the collection.
     void remove(TreeNode& node);
-    /// Removes every node that has no children and for which `unwanted` holds, again and again until none is left:
-    /// the result of a walk from the last node to the first that restarts at each removal, in one pass.
-    template <typename Predicate> void removeChildless(Predicate unwanted);
+    /// Removes every node that has no children and for which `unwanted` holds, again and again until none is
+    /// left: the result of a walk from the last node to the first that restarts at each removal, in one pass.
+    template <typename Predicate>
+    void removeChildless(Predicate unwanted);
     void clear();
 
     void setExpanded(TreeNode& node, bool bExpanded);
     /// With multiple selection off, selecting one node deselects all others.
     void setSelected(TreeNode& node, bool bSelected);
     void clearSelection();
+    /// Makes a node that is selected the one with the focus, as if it had been selected last.
+    void makeCurrent(TreeNode& node);
     bool multiSelect() const { return bMultiSelect_; }
+    /// Leaves the selection as it is.
     void setMultiSelect(bool bMultiSelect);
     /// The selected nodes, in tree order from top to bottom.
     std::vector<TreeNode*> selectedNodes() const;
-    /// The node that has the focus in the selection: the one selected last, or null.
+    /// The node that has the focus in the selection: the one selected last of those that still are, or null.
     TreeNode* selectedNode() const { return current_; }
 
     /// One listener at most (the view's model); null takes it off.
@@ -123,12 +130,20 @@ private:
     struct Storage;
 
     void removeMarked(const std::vector<bool>& marked);
+    void drop(const std::vector<bool>& marked);
+    void select(TreeNode& node);
+    void deselect(TreeNode& node);
+    void remember(TreeNode& node);
+    TreeNode* lastSelected();
+    TreeNodesListener* toldOneByOne() const;
 
     ImageList images_;
     std::vector<TreeNode*> order_;
     std::vector<TreeNode*> roots_;
     std::unordered_map<std::string_view, TreeNode*> byKey_;
     std::unique_ptr<Storage> storage_;
+    /// In the order of selection. A node may stand there more than once, and after its deselection.
+    std::vector<TreeNode*> selection_;
     TreeNode* current_ = nullptr;
     TreeNodesListener* listener_ = nullptr;
     int nBulkDepth_ = 0;
@@ -136,10 +151,11 @@ private:
     bool bMultiSelect_ = true;
 };
 
-template <typename Predicate> void TreeNodes::removeChildless(Predicate unwanted)
+template <typename Predicate>
+void TreeNodes::removeChildless(Predicate unwanted)
 {
-    // A parent stands ahead of its children in the collection, so that one walk from the end sees every node after
-    // all that could still be taken away below it.
+    // A parent stands ahead of its children in the collection, so that one walk from the end sees every node
+    // after all that could still be taken away below it.
     std::vector<bool> marked(order_.size(), false);
     std::vector<std::size_t> gone(order_.size(), 0);
     for (std::size_t i = order_.size(); i-- > 0;) {
