@@ -9,9 +9,16 @@ namespace zorvo {
 
 void ImageList::add(const std::string& sKey, PicturePtr picture)
 {
-    if (indexOf(sKey) != -1)
+    const int index = count() + 1;
+    if (!byUpperKey_.emplace(upperCase(sKey), index).second)
         throw RunTimeError(kKeyAlreadyUsed);
     entries_.push_back({sKey, std::move(picture)});
+}
+
+void ImageList::clear()
+{
+    entries_.clear();
+    byUpperKey_.clear();
 }
 
 const ImageList::Entry& ImageList::item(int index) const
@@ -23,11 +30,8 @@ const ImageList::Entry& ImageList::item(int index) const
 
 int ImageList::indexOf(const std::string& sKey) const
 {
-    for (int i = 1; i <= count(); ++i) {
-        if (equalNoCase(entries_[static_cast<std::size_t>(i - 1)].sKey, sKey))
-            return i;
-    }
-    return -1;
+    const auto found = byUpperKey_.find(upperCase(sKey));
+    return found == byUpperKey_.end() ? -1 : found->second;
 }
 
 } // namespace zorvo
