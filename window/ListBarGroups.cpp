@@ -10,9 +10,11 @@ void ListBarGroups::add(int index, const std::string& sKey, const std::string& s
 {
     if (index < 1 || index > count() + 1)
         throw RunTimeError(kIndexOutOfRange);
-    if (std::any_of(groups_.begin(), groups_.end(), [&sKey](const Group& group) { return group.sKey == sKey; }))
+    const bool bKnown = std::any_of(groups_.begin(), groups_.end(),
+                                    [&sKey](const Group& group) { return group.sKey == sKey; });
+    if (bKnown && !sKey.empty())
         throw RunTimeError(kKeyAlreadyUsed);
-    groups_.insert(groups_.begin() + (index - 1), Group{sKey, sCaption, nImage});
+    groups_.insert(groups_.begin() + (index - 1), {sKey, sCaption, nImage});
     changed();
 }
 
