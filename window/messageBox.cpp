@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QWindow>
 
 #include <iostream>
 #include <utility>
@@ -12,13 +13,25 @@ namespace zorvo {
 
 namespace {
 
-constexpr int kButtonsMask = 0x0F;
-constexpr int kIconMask = 0xF0;
+constexpr int kButtonMask = 0x0F;
+constexpr int kIconMask = 0x70;
 
-MessageBoxHandler& handler()
+MessageBoxHandler& installedHandler()
 {
-    static MessageBoxHandler installed;
-    return installed;
+    static MessageBoxHandler handler;
+    return handler;
+}
+
+QMessageBox::StandardButtons buttonsOf(int nStyle)
+{
+    switch (nStyle & kButtonMask) {
+    case kMsgOkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case kMsgYesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    default:
+        return QMessageBox::Ok;
+    }
 }
 
 QMessageBox::Icon iconOf(int nStyle)
@@ -37,56 +50,64 @@ QMessageBox::Icon iconOf(int nStyle)
     }
 }
 
-QMessageBox::StandardButtons buttonsOf(int nStyle)
-{
-    switch (nStyle & kButtonsMask) {
-    case kMsgOkCancel:
-        return QMessageBox::Ok | QMessageBox::Cancel;
-    case kMsgYesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    default:
-        return QMessageBox::Ok;
-    }
-}
-
 int resultOf(int button)
 {
     switch (button) {
+    case QMessageBox::Cancel:
+        return kMsgResultCancel;
     case QMessageBox::Yes:
         return kMsgResultYes;
     case QMessageBox::No:
         return kMsgResultNo;
-    case QMessageBox::Cancel:
-        return kMsgResultCancel;
     default:
         return kMsgResultOk;
     }
+}
+
+std::string withPlainLineEnds(const std::string& sText)
+{
+    return replaceAll(replaceAll(sText, "\r\n", "\n"), "\r", "\n");
+}
+
+/// Keeps the box above the window that is in front. A parent would take the box with it when it goes.
+void ownByActiveWindow(QMessageBox& box)
+{
+    const QWidget* front = QApplication::activeWindow();
+    if (!front || !front->windowHandle())
+        return;
+    box.winId();
+    box.windowHandle()->setTransientParent(front->windowHandle());
+}
+
+int showStandardBox(const std::string& sPrompt, int nStyle, const std::string& sTitle)
+{
+    QMessageBox box;
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setWindowTitle(QString::fromStdString(sTitle));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(withPlainLineEnds(sPrompt)));
+    box.setIcon(iconOf(nStyle));
+    box.setStandardButtons(buttonsOf(nStyle));
+    box.setWindowModality(Qt::ApplicationModal);
+    ownByActiveWindow(box);
+    return resultOf(box.exec());
 }
 
 } // namespace
 
 int showMessageBox(const std::string& sPrompt, int nStyle, const std::string& sTitle)
 {
-    if (handler())
-        return handler()(sPrompt, nStyle, sTitle);
-    if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
-        std::cerr << sTitle << ": " << replaceAll(sPrompt, "\r\n", "\n") << '\n';
-        return kMsgResultOk;
-    }
-    QMessageBox box(QApplication::activeWindow());
-    box.setObjectName(QStringLiteral("MessageBox"));
-    box.setWindowTitle(QString::fromStdString(sTitle));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(replaceAll(sPrompt, "\r\n", "\n")));
-    box.setIcon(iconOf(nStyle));
-    box.setStandardButtons(buttonsOf(nStyle));
-    box.setWindowModality(Qt::ApplicationModal);
-    return resultOf(box.exec());
+    if (const MessageBoxHandler handler = installedHandler())
+        return handler(sPrompt, nStyle, sTitle);
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return showStandardBox(sPrompt, nStyle, sTitle);
+    std::cerr << withPlainLineEnds(sPrompt) << std::endl;
+    return kMsgResultOk;
 }
 
-MessageBoxHandler setMessageBoxHandler(MessageBoxHandler replacement)
+MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler)
 {
-    return std::exchange(handler(), std::move(replacement));
+    return std::exchange(installedHandler(), std::move(handler));
 }
 
 } // namespace zorvo
