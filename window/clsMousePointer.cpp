@@ -12,10 +12,11 @@ namespace {
 constexpr std::int16_t kHourglass = 11;
 constexpr std::int16_t kArrowHourglass = 13;
 
-std::int16_t& shownPointer()
+std::int16_t nScreenPointer = 0;
+
+bool isBusyPointer(std::int16_t nValue)
 {
-    static std::int16_t pointer = 0;
-    return pointer;
+    return nValue == kHourglass || nValue == kArrowHourglass;
 }
 
 } // namespace
@@ -39,7 +40,7 @@ void clsMousePointer::SetModalDialogState(bool b)
 
 void clsMousePointer::setMousePointer(std::int16_t nValue)
 {
-    if (nValue == kHourglass || nValue == kArrowHourglass) {
+    if (isBusyPointer(nValue)) {
         if (nCount_ == 0) {
             EnableMainForm(false);
             setScreenPointer(nValue);
@@ -60,11 +61,11 @@ void clsMousePointer::setMousePointer(std::int16_t nValue)
 
 void clsMousePointer::EnableMainForm(bool bEnabled)
 {
-    if (bModalState_ || !mainFormGate())
+    if (bModalState_)
         return;
-    // Asking for the state loads a main form that isn't there.
-    if (mainFormGate()->isEnabled() != bEnabled)
-        mainFormGate()->setEnabled(bEnabled);
+    MainFormGate* gate = mainFormGate();
+    if (gate && gate->isEnabled() != bEnabled)
+        gate->setEnabled(bEnabled);
 }
 
 clsMousePointer& goMousePointer()
@@ -75,19 +76,19 @@ clsMousePointer& goMousePointer()
 
 std::int16_t screenPointer()
 {
-    return shownPointer();
+    return nScreenPointer;
 }
 
 void setScreenPointer(std::int16_t nValue)
 {
-    const bool bWasSet = shownPointer() != 0;
-    shownPointer() = nValue;
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
-    if (bWasSet)
-        QApplication::restoreOverrideCursor();
-    if (nValue != 0)
-        QApplication::setOverrideCursor(nValue == kArrowHourglass ? Qt::BusyCursor : Qt::WaitCursor);
+    // The application keeps a stack of pointers; this one is never more than one deep.
+    if (isBusyPointer(nScreenPointer))
+        QGuiApplication::restoreOverrideCursor();
+    nScreenPointer = nValue;
+    if (isBusyPointer(nValue))
+        QGuiApplication::setOverrideCursor(nValue == kHourglass ? Qt::WaitCursor : Qt::BusyCursor);
 }
 
 } // namespace zorvo
