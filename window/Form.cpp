@@ -1,11 +1,15 @@
 #include "window/Form.h"
 
-#include "base/failure.h"
+#include "base/RunTimeError.h"
+#include "window/UiIds.h"
+#include "window/guardedSlot.h"
+#include "window/windowPosition.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QPushButton>
 #include <QTimer>
 
 #include <utility>
@@ -14,8 +18,8 @@ namespace zorvo {
 
 namespace {
 
-/// A desktop without a window manager activates no window by itself; after this time a shown form is taken as active.
-constexpr int kActivationWaitMs = 400;
+/// A desktop that keeps the focus to itself must not keep a form's work from beginning.
+constexpr int kActivationWaitMs = 300;
 
 int nLoadedForms = 0;
 
@@ -27,19 +31,65 @@ std::function<void()>& unloadListener()
 
 } // namespace
 
+/// Shows the form the keys that go to its controls, each once.
+class Form::KeyPreview : public QObject {
+public:
+    explicit KeyPreview(Form& form)
+        : QObject(&form)
+        , form_(form)
+    {
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyRelease)
+            lastReceiver_ = nullptr;
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+            return false;
+        auto* receiver = static_cast<QWidget*>(watched);
+        if (receiver->window() != &form_ || isPassedOn(*receiver, *event))
+            return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        bool bSwallowed = false;
+        runGuarded(&form_, [&] { bSwallowed = form_.onKeyDown(key->key(), key->modifiers()); });
+        return bSwallowed;
+    }
+
+private:
+    /// A key that a control doesn't take goes on to its parents, in the same event.
+    bool isPassedOn(const QWidget& receiver, const QEvent& event)
+    {
+        const bool bPassedOn =
+            lastEvent_ == &event && lastReceiver_ && receiver.isAncestorOf(lastReceiver_.data());
+        lastEvent_ = &event;
+        lastReceiver_ = &receiver;
+        return bPassedOn;
+    }
+
+    Form& form_;
+    const QEvent* lastEvent_ = nullptr;
+    QPointer<const QWidget> lastReceiver_;
+};
+
+/// Lives in the frame of showModal: the form may be destroyed under it.
+struct Form::ModalShow {
+    QEventLoop loop;
+    std::exception_ptr failure;
+    bool bEnded = false;
+};
+
 Form::Form(const char* name, QWidget* parent)
     : QWidget(parent, Qt::Window)
+    , keyPreview_(new KeyPreview(*this))
 {
-    setObjectName(QString::fromLatin1(name));
-    setAttribute(Qt::WA_QuitOnClose, false);
+    setObjectName(QString::fromUtf8(name));
 }
 
 Form::~Form()
 {
+    leaveModalLoop();
     if (bLoaded_)
-        --nLoadedForms;
-    if (modalLoop_)
-        modalLoop_->quit();
+        endLoaded();
 }
 
 void Form::load()
@@ -51,16 +101,20 @@ void Form::load()
     try {
         onLoad();
     } catch (...) {
-        bLoaded_ = false;
-        --nLoadedForms;
+        if (bLoaded_)
+            endLoaded();
         throw;
     }
-    QApplication::instance()->installEventFilter(this);
+    markUiIds(*this);
 }
 
 void Form::showModeless()
 {
     load();
+    if (!bLoaded_)
+        return;
+    if (isMinimized())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
@@ -68,21 +122,59 @@ void Form::showModeless()
 
 void Form::showModal()
 {
+    if (modal_ || isVisible())
+        throw RunTimeError(kInvalidCall, "Form is on the screen already");
     load();
-    setWindowModality(Qt::ApplicationModal);
-    QEventLoop loop;
-    QEventLoop* const outer = std::exchange(modalLoop_, &loop);
-    const QPointer<Form> self(this);
-    showModeless();
-    // An activate event may have hidden or unloaded the form before the loop began.
-    if (isVisible())
-        loop.exec();
-    if (!self)
+    if (bLoaded_)
+        runModalLoop();
+}
+
+void Form::runModalLoop()
+{
+    const QPointer<Form> self = this;
+    ModalShow modal;
+    modal_ = &modal;
+    becomeModalWindow();
+    show();
+    activateWindow();
+    if (!modal.bEnded)
+        modal.loop.exec();
+    if (self) {
+        modal_ = nullptr;
+        setWindowModality(Qt::NonModal);
+    }
+    if (modal.failure)
+        std::rethrow_exception(modal.failure);
+}
+
+void Form::leaveModalLoop()
+{
+    if (!modal_)
         return;
-    modalLoop_ = outer;
-    setWindowModality(Qt::NonModal);
-    if (failure_)
-        std::rethrow_exception(std::exchange(failure_, nullptr));
+    modal_->bEnded = true;
+    modal_->loop.exit();
+}
+
+void Form::becomeModalWindow()
+{
+    setWindowModality(Qt::ApplicationModal);
+    // Only a dialog stays above the window that it belongs to.
+    if (windowType() == Qt::Window)
+        setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
+    const QWidget* front = QApplication::activeWindow();
+    if (front && front != this)
+        setOwnerWindow(*this, *front);
+}
+
+bool Form::endModalShow(std::exception_ptr failure)
+{
+    if (!modal_)
+        return false;
+    if (!modal_->failure)
+        modal_->failure = std::move(failure);
+    hide();
+    leaveModalLoop();
+    return true;
 }
 
 void Form::unload(UnloadMode mode)
@@ -90,25 +182,54 @@ void Form::unload(UnloadMode mode)
     if (!bLoaded_ || bUnloading_)
         return;
     bUnloading_ = true;
+    const QPointer<Form> self = this;
+    std::exception_ptr failure;
     try {
         onQueryUnload(mode);
         onUnload();
     } catch (...) {
-        finishUnload();
-        throw;
+        failure = std::current_exception();
     }
-    finishUnload();
+    if (self) {
+        bUnloading_ = false;
+        bActive_ = false;
+        hide();
+        leaveModalLoop();
+        endLoaded();
+    }
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
-void Form::finishUnload()
+void Form::endLoaded()
 {
     bLoaded_ = false;
-    bUnloading_ = false;
     --nLoadedForms;
-    QApplication::instance()->removeEventFilter(this);
-    hide();
     if (unloadListener())
         unloadListener()();
+}
+
+void Form::setEnabled(bool bEnabled)
+{
+    if (!bEnabled && isEnabled())
+        focusWhenEnabled_ = focusWidget();
+    QWidget::setEnabled(bEnabled);
+    if (bEnabled && focusWhenEnabled_ && !focusWidget())
+        focusWhenEnabled_->setFocus();
+}
+
+void Form::setDefaultButton(QPushButton* button)
+{
+    if (defaultButton_)
+        defaultButton_->setDefault(false);
+    defaultButton_ = button;
+    if (defaultButton_)
+        defaultButton_->setDefault(true);
+}
+
+void Form::setCancelButton(QPushButton* button)
+{
+    cancelButton_ = button;
 }
 
 int Form::loadedForms()
@@ -121,41 +242,16 @@ void Form::setUnloadListener(std::function<void()> listener)
     unloadListener() = std::move(listener);
 }
 
-void Form::guard(const std::function<void()>& work)
-{
-    const QPointer<Form> self(this);
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        if (self && modalLoop_) {
-            failure_ = std::current_exception();
-            hide();
-            return;
-        }
-        recordFailure(error);
-        ReportError(self ? objectName().toStdString() : std::string("Form"));
-    }
-}
-
-std::function<void()> Form::guarded(std::function<void()> work)
-{
-    return [this, work = std::move(work)] { guard(work); };
-}
-
-void Form::activateOnce()
-{
-    if (bActive_ || !bLoaded_ || !isVisible())
-        return;
-    bActive_ = true;
-    guard([this] { onActivate(); });
-}
-
 void Form::closeEvent(QCloseEvent* event)
 {
-    if (!bLoaded_)
+    if (!isEnabled()) {
+        // Work is under way and holds the form; it can no more be closed than used.
+        event->ignore();
         return;
-    event->ignore(); // the unload itself hides the window
-    guard([this] { unload(UnloadMode::closeBox); });
+    }
+    const QPointer<Form> self = this;
+    runGuarded(this, [this] { unload(UnloadMode::closeBox); });
+    event->setAccepted(!self || !bLoaded_);
 }
 
 void Form::changeEvent(QEvent* event)
@@ -163,41 +259,70 @@ void Form::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::ActivationChange)
         return;
-    if (isActiveWindow()) {
-        activateOnce();
-    } else if (bActive_) {
-        bActive_ = false;
-        if (bLoaded_)
-            guard([this] { onDeactivate(); });
-    }
+    if (isActiveWindow())
+        becomeActive();
+    else
+        becomeInactive();
 }
 
 void Form::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (!event->spontaneous())
-        QTimer::singleShot(kActivationWaitMs, this, [this] { activateOnce(); });
+    if (event->spontaneous())
+        return;
+    markUiIds(*this);
+    qApp->installEventFilter(keyPreview_);
+    QTimer::singleShot(kActivationWaitMs, this, &Form::activateWithoutFocus);
 }
 
 void Form::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
+    // A minimised window is only out of sight.
     if (event->spontaneous())
         return;
-    bActive_ = false;
-    if (modalLoop_)
-        modalLoop_->quit();
+    qApp->removeEventFilter(keyPreview_);
+    const QPointer<Form> self = this;
+    becomeInactive();
+    if (self)
+        leaveModalLoop();
 }
 
-bool Form::eventFilter(QObject* watched, QEvent* event)
+void Form::keyPressEvent(QKeyEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
-        auto* widget = static_cast<QWidget*>(watched);
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (widget->window() == this && onKeyDown(key->key(), key->modifiers()))
-            return true;
+    QPushButton* pressed = nullptr;
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        auto* focused = qobject_cast<QPushButton*>(focusWidget());
+        pressed = focused ? focused : defaultButton_;
+    } else if (event->key() == Qt::Key_Escape) {
+        pressed = cancelButton_;
     }
-    return QWidget::eventFilter(watched, event);
+    if (pressed && pressed->isEnabled() && pressed->isVisible())
+        pressed->click();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Form::becomeActive()
+{
+    if (bActive_ || !bLoaded_ || bUnloading_ || !isVisible())
+        return;
+    bActive_ = true;
+    runGuarded(this, [this] { onActivate(); });
+}
+
+void Form::becomeInactive()
+{
+    if (!bActive_)
+        return;
+    bActive_ = false;
+    runGuarded(this, [this] { onDeactivate(); });
+}
+
+void Form::activateWithoutFocus()
+{
+    if (!QApplication::activeWindow())
+        becomeActive();
 }
 
 } // namespace zorvo

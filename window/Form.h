@@ -1,10 +1,12 @@
 #pragma once
 
-#include <QEventLoop>
+#include <QPointer>
 #include <QWidget>
 
 #include <exception>
 #include <functional>
+
+class QPushButton;
 
 namespace zorvo {
 
@@ -15,9 +17,9 @@ enum class UnloadMode { closeBox = 0, code = 1 };
 ///
 ///   constructed -> load -> [show -> activate ... deactivate -> hide] -> query-unload -> unload
 ///
-/// The events are the virtual functions. `activate` comes each time the form comes to the front. The C++ object
-/// outlives its unload, so that its fields can be read until its owner drops it. A modal show returns when the form
-/// hides or unloads.
+/// The events are the virtual functions. `activate` comes each time the form comes to the front. The C++
+/// object outlives its unload, so that its fields can be read until its owner drops it. A modal show returns
+/// when the form hides or unloads.
 class Form : public QWidget {
     Q_OBJECT
 
@@ -26,21 +28,34 @@ public:
     explicit Form(const char* name, QWidget* parent = nullptr);
     ~Form() override;
 
-    /// Runs the load event unless the form is loaded. What the event throws reaches the caller, and the form is
-    /// then not loaded.
+    /// Runs the load event unless the form is loaded. What the event throws reaches the caller, and the form
+    /// is then not loaded.
     void load();
     /// Loads and shows without blocking.
     void showModeless();
-    /// Loads, shows, and returns when the form has hidden or unloaded. Calls from other processes and timers are
-    /// served meanwhile. What an event of the form throws while it is up is thrown from here.
+    /// Loads, shows, and returns when the form has hidden or unloaded. Calls from other processes and timers
+    /// are served meanwhile. What an event of the form throws while it is up is thrown from here, with the
+    /// form hidden. Throws RunTimeError 5 when the form is on the screen already.
     void showModal();
-    /// query-unload, unload, and the window goes. Nothing happens on a form that isn't loaded.
+    /// query-unload, unload, and the window goes. Nothing happens on a form that isn't loaded. What the
+    /// events throw reaches the caller, and the form is unloaded all the same.
     void unload(UnloadMode mode = UnloadMode::code);
+    /// True from the beginning of the load event to the end of the unload event.
     bool isFormLoaded() const { return bLoaded_; }
 
     /// Caption of the form as the title bar shows it.
     QString caption() const { return windowTitle(); }
     void setCaption(const QString& caption) { setWindowTitle(caption); }
+
+    /// As QWidget's, and the focus comes back to the control that had it.
+    void setEnabled(bool bEnabled);
+
+    /// The button that Enter presses when no other button has the focus, and the one that Escape presses.
+    void setDefaultButton(QPushButton* button);
+    void setCancelButton(QPushButton* button);
+
+    /// For guardedSlot: ends a modal show with that failure. False when the form isn't shown modally.
+    bool endModalShow(std::exception_ptr failure);
 
     /// Forms loaded now, in the whole process, and what is called each time one unloads.
     static int loadedForms();
@@ -58,24 +73,29 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-    /// Runs an event's work. A failure can't cross the event loop: that of a modal form is thrown from `showModal`,
-    /// which then ends, any other is reported.
-    void guard(const std::function<void()>& work);
-    /// The same as a slot, for connections.
-    std::function<void()> guarded(std::function<void()> work);
 
 private:
-    void activateOnce();
-    void finishUnload();
+    class KeyPreview;
+    struct ModalShow;
 
+    void runModalLoop();
+    void leaveModalLoop();
+    void becomeModalWindow();
+    void becomeActive();
+    void becomeInactive();
+    void activateWithoutFocus();
+    void endLoaded();
+
+    KeyPreview* keyPreview_;
+    ModalShow* modal_ = nullptr;
+    QPushButton* defaultButton_ = nullptr;
+    QPushButton* cancelButton_ = nullptr;
+    QPointer<QWidget> focusWhenEnabled_;
     bool bLoaded_ = false;
     bool bUnloading_ = false;
     bool bActive_ = false;
-    QEventLoop* modalLoop_ = nullptr;
-    std::exception_ptr failure_;
 };
 
 } // namespace zorvo
