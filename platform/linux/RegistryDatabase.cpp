@@ -269,10 +269,12 @@ RegistryDatabase::Open& RegistryDatabase::openForWriting()
 {
     if (Open* open = openForReading())
         return *open;
+    const std::string folder = file_.substr(0, file_.rfind('/'));
     const bool bNew = !identityOf(file_).bThere;
+    const bool bNewFolder = !identityOf(folder).bThere;
     const bool bShared = readers_ == Readers::everybody;
     try {
-        makeFolders(file_.substr(0, file_.rfind('/')), bShared ? 0755 : 0700);
+        makeFolders(folder, bShared ? 0755 : 0700);
     } catch (const RunTimeError& error) {
         throw RegistryFailure(error.number(), kRegistryAccessDenied,
                               "The folder of the registry file " + file_ + " can't be made.");
@@ -284,6 +286,8 @@ RegistryDatabase::Open& RegistryDatabase::openForWriting()
         open_->connection.execute(kSchema);
     transaction.commit();
     // Whatever the installer's mask was, everybody may read the machine's products.
+    if (bNewFolder && bShared)
+        chmod(folder.c_str(), 0755);
     if (bNew)
         chmod(file_.c_str(), bShared ? 0644 : 0600);
     open_->identity = identityOf(file_);
