@@ -14,6 +14,13 @@ namespace {
 
 const QString kIntrospectable = QStringLiteral("org.freedesktop.DBus.Introspectable");
 
+constexpr int kCreationTries = 3;
+
+bool isServerGone(const QDBusMessage& reply)
+{
+    return reply.type() == QDBusMessage::ErrorMessage && failureOf(reply).number() == kServerUnavailable;
+}
+
 QString objectIn(const QDBusMessage& reply)
 {
     const QVariant first = reply.arguments().value(0);
@@ -80,9 +87,12 @@ DBusRemoteObject::DBusRemoteObject(const QDBusConnection& bus, const QString& bu
 std::shared_ptr<DBusRemoteObject> DBusRemoteObject::create(const QDBusConnection& bus, const QString& busName,
                                                            const QString& progId)
 {
-    const QDBusMessage reply =
-        callAndServe(bus, methodCall(busName, pathOfBusName(busName), QLatin1String(kServiceInterface),
-                                     QStringLiteral("CreateObject"), {progId}));
+    const QDBusMessage request = methodCall(busName, pathOfBusName(busName), QLatin1String(kServiceInterface),
+                                            QStringLiteral("CreateObject"), {progId});
+    QDBusMessage reply = callAndServe(bus, request);
+    // The server may be ending this very moment. Nothing was made then, and the next one will do.
+    for (int nTry = 1; nTry < kCreationTries && isServerGone(reply) && bus.isConnected(); ++nTry)
+        reply = callAndServe(bus, request);
     if (reply.type() != QDBusMessage::ReplyMessage)
         throw creationFailure(reply);
     return std::shared_ptr<DBusRemoteObject>(
@@ -163,7 +173,15 @@ Value DBusRemoteObject::invoke(const std::string& member, std::vector<Value>& ar
     return invokeDescribed(*described, arguments);
 }
 
-Value DBusRemoteObject::invokeDescribed(const BusMember& member, std::vector<Value>& arguments)
+std::vector<Value> DBusRemoteObject::allReplies(const BusMember& member, const std::vector<Value>& arguments)
+{
+    std::vector<Value> values;
+    for (const QVariant& reply : replies(member, arguments))
+        values.push_back(fromBus(reply));
+    return values;
+}
+
+QVariantList DBusRemoteObject::replies(const BusMember& member, const std::vector<Value>& arguments)
 {
     if (static_cast<qsizetype>(arguments.size()) != member.in.size())
         throw RunTimeError(kTypeMismatch);
@@ -173,7 +191,12 @@ Value DBusRemoteObject::invokeDescribed(const BusMember& member, std::vector<Val
     const QDBusMessage reply = send(interface_, member.name, wire);
     if (reply.type() != QDBusMessage::ReplyMessage)
         throw failureOf(reply);
-    return distribute(reply.arguments(), placesOf(member), arguments);
+    return reply.arguments();
+}
+
+Value DBusRemoteObject::invokeDescribed(const BusMember& member, std::vector<Value>& arguments)
+{
+    return distribute(replies(member, arguments), placesOf(member), arguments);
 }
 
 Value DBusRemoteObject::invokeAsItIs(const QString& member, std::vector<Value>& arguments)

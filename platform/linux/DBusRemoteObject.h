@@ -35,6 +35,9 @@ public:
     /// The member as it is described, matched without regard to case when no exact match exists; nothing when
     /// it isn't. Throws RunTimeError 462 when the server has gone.
     std::optional<BusMember> member(const QString& name);
+    /// Calls a described member and gives all that comes back, in the order of the wire. Throws as `invoke`
+    /// does.
+    std::vector<Value> allReplies(const BusMember& member, const std::vector<Value>& arguments);
     /// Whether the object's interface is described at all. Throws as `member` does.
     bool isDescribed();
 
@@ -44,6 +47,7 @@ private:
 
     QDBusMessage send(const QString& interface, const QString& member, const QVariantList& arguments) const;
     void describe();
+    QVariantList replies(const BusMember& member, const std::vector<Value>& arguments);
     Value invokeDescribed(const BusMember& member, std::vector<Value>& arguments);
     Value invokeAsItIs(const QString& member, std::vector<Value>& arguments);
 

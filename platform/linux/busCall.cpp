@@ -9,12 +9,11 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTimer>
-#include <cerrno>
 #include <chrono>
-#include <csignal>
 
 namespace zorvo {
 
@@ -29,8 +28,8 @@ bool isActivatable(const QDBusConnection& bus, const QString& busName)
     return names.isValid() && names.value().contains(busName);
 }
 
-/// The process of its own; its pid, or 0.
-qint64 startDetached(const QString& executable)
+/// A process of its own, whose pid tells when it gives up; 0 when it can't be started.
+qint64 startServer(const QString& executable)
 {
     QProcess process;
     process.setProgram(executable);
@@ -42,9 +41,14 @@ qint64 startDetached(const QString& executable)
     return process.startDetached(&nPid) ? nPid : 0;
 }
 
+/// It has ended; who should have taken its exit code may not have done so yet.
 bool isGone(qint64 nPid)
 {
-    return ::kill(static_cast<pid_t>(nPid), 0) != 0 && errno == ESRCH;
+    QFile status(QStringLiteral("/proc/%1/stat").arg(nPid));
+    if (!status.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray text = status.readAll();
+    return text.mid(text.lastIndexOf(')') + 2, 1) == "Z";
 }
 
 /// False when the process ended first or the time is up.
@@ -118,7 +122,7 @@ void ensureServer(const QDBusConnection& bus, const QString& busName, const QStr
     const QFileInfo program(executable);
     if (executable.isEmpty() || !program.isFile() || !program.isExecutable())
         throw RunTimeError(kCannotCreateObject);
-    const qint64 nPid = startDetached(executable);
+    const qint64 nPid = startServer(executable);
     if (nPid == 0 || !waitForName(bus, busName, nPid))
         throw RunTimeError(kCannotCreateObject);
 }
