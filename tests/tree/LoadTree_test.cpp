@@ -1,0 +1,534 @@
+#include "tree/LoadTree.h"
+
+#include "base/sessionState.h"
+#include "branding/companyIdentity.h"
+#include "tests/tree/TreeTest.h"
+
+namespace zorvo {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LoadTreeTest : public TreeTest {
+protected:
+    void load() { LoadTree(tree, &listBar, false, false); }
+
+    int readsOf(const std::string& sPath) const
+    {
+        int n = 0;
+        for (const FakeFiles::Call& call : fakes.files->calls)
+            n += call.operation == FakeFiles::Operation::read && call.sPath == sPath ? 1 : 0;
+        return n;
+    }
+
+    const std::string sCentral = "C:\\Zorvo\\TreeData\\Zorvo Library.xml";
+};
+
+TEST_F(LoadTreeTest, BuildsGroupsProductsFoldersAndDocuments)
+{
+    setStatus(group("Outer", group("Inner", entry({.sKey = "AB"})) + entry({.sKey = "CD"})));
+    setLibrary(product("AB", "2007", "{P1}", "Product AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "Product CD",
+                       folder("{F1}", "Chapter", document("{D2}", "Sheet", "b.xlt"))));
+    load();
+    EXPECT_THAT(lines(),
+                ElementsAre("Outer|Outer|1", "  Inner|Inner|1", "    {P1}|Product AB|1", "      {D1}|Doc|3",
+                            "  {P2}|Product CD|1", "    {F1}|Chapter|2", "      {D2}|Sheet|3"));
+    EXPECT_THAT(messages.tags(), IsEmpty());
+    EXPECT_THAT(messages.boxes, IsEmpty());
+}
+
+TEST_F(LoadTreeTest, PutsNestedGroupsAheadOfTheGroupsOwnProducts)
+{
+    setStatus(group("Outer", entry({.sKey = "CD"}) + group("Inner", entry({.sKey = "AB"}))));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("Outer", "Inner", "{P1}", "{D1}", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, ExpandsGroupsAndLeavesProductsClosed)
+{
+    setStatus(group("Outer", group("Inner", entry({.sKey = "AB"}))));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_TRUE(node("Outer").expanded());
+    EXPECT_TRUE(node("Inner").expanded());
+    EXPECT_FALSE(node("{P1}").expanded());
+}
+
+TEST_F(LoadTreeTest, ShowsTheIconsOfGroupsAndProducts)
+{
+    addIcon("Outer16.ico");
+    addIcon("Product16.ico");
+    setStatus(group("Outer", entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_EQ(node("Outer").image(), tree.images().indexOf("Outer16.ico"));
+    EXPECT_EQ(node("{P1}").image(), tree.images().indexOf("Product16.ico"));
+    EXPECT_NE(node("Outer").image(), -1);
+    EXPECT_NE(node("{P1}").image(), -1);
+}
+
+TEST_F(LoadTreeTest, ClearsTheOldNodesAndKeepsTheListBarOnASecondLoad)
+{
+    setStatus(group("G", entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    EXPECT_EQ(listBar.count(), 2);
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
+TEST_F(LoadTreeTest, ParsesTheCentralCatalogueOncePerProcess)
+{
+    setStatus(group("G", entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    load();
+    EXPECT_EQ(readsOf(sCentral), 1);
+    ReleaseCatalogDocuments();
+    EXPECT_EQ(treeState().objLibraryDoc, nullptr);
+    EXPECT_EQ(treeState().objStatusDoc, nullptr);
+    load();
+    EXPECT_EQ(readsOf(sCentral), 2);
+}
+
+TEST_F(LoadTreeTest, MakesTheStatusDocumentOfTheMachineOnce)
+{
+    fakes.files->addFile(
+        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='G' TreeTitleShort='G' IconLarge='' IconSmall=''>"
+        "<Acronymn>AB</Acronymn></ProductTreeGroup></ZorvoTree>");
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, "Software\\Zorvo\\Tessora\\AB\\2007\\InstallDefaults",
+                            "AppPath2", "C:\\T\\AB");
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    fakes.files->addFolder("C:\\T\\AB");
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    const auto status = treeState().objStatusDoc;
+    load();
+    EXPECT_EQ(treeState().objStatusDoc, status);
+}
+
+TEST_F(LoadTreeTest, TakesInstalledWhateverItsCase)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sInstalled = "tRUE"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_NE(tree.find("{P1}"), nullptr);
+}
+
+TEST_F(LoadTreeTest, NeverLooksUpAnEntryThatIsNotInstalled)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sInstalled = "False"}) +
+                             entry({.sKey = "CD", .sInstalled = " True"}) + entry({.sKey = "EF"})));
+    setLibrary(product("EF", "2007", "{P1}", "EF", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    EXPECT_THAT(messages.boxes, IsEmpty());
+}
+
+TEST_F(LoadTreeTest, TellsEachProductThatTheCatalogueLacksAndGoesOn)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + entry({.sKey = "CD", .sVersion = "2008"}) +
+                             entry({.sKey = "EF"})));
+    setLibrary(product("EF", "2007", "{P1}", "EF", document("{D1}", "Doc", "a.dot")));
+    load();
+    ASSERT_EQ(messages.boxes.size(), 2U);
+    EXPECT_EQ(
+        messages.boxes[0].sPrompt,
+        "The 'C:\\Zorvo\\TreeData\\Zorvo Library.xml' does not contain the product 'AB' for the year 2007. "
+        "Please correct before this product is released.");
+    EXPECT_EQ(messages.boxes[0].nStyle, kMsgCritical);
+    EXPECT_EQ(
+        messages.boxes[1].sPrompt,
+        "The 'C:\\Zorvo\\TreeData\\Zorvo Library.xml' does not contain the product 'CD' for the year 2008. "
+        "Please correct before this product is released.");
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
+TEST_F(LoadTreeTest, TellsEachInstalledProductWhenTheCatalogueFileIsMissing)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + entry({.sKey = "CD"})));
+    load();
+    EXPECT_EQ(messages.boxes.size(), 2U);
+    EXPECT_EQ(tree.count(), 0);
+}
+
+TEST_F(LoadTreeTest, TakesAMalformedCatalogueFileForAnEmptyOne)
+{
+    fakes.files->addFile(sCentral, "<Library><Product");
+    setStatus(group("G", entry({.sKey = "AB"})));
+    load();
+    EXPECT_EQ(messages.boxes.size(), 1U);
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
+TEST_F(LoadTreeTest, PrefersAProductsOwnCatalogueAndTiesItsNodesToIt)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sTemplatePath = "C:\\T\\AB\\"})));
+    setLibrary(product("AB", "2007", "{P1}", "Central", document("{D1}", "Doc", "a.dot")));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", "{P1}", "Own",
+                                         folder("{F1}", "Chapter", document("{D1}", "Own doc", "a.dot"))));
+    load();
+    EXPECT_THAT(lines(), ElementsAre("G|G|1", "  {P1}`C:\\T\\AB\\Zorvo Library.xml|Own|1",
+                                     "    {F1}`C:\\T\\AB\\Zorvo Library.xml|Chapter|2",
+                                     "      {D1}`C:\\T\\AB\\Zorvo Library.xml|Own doc|3"));
+}
+
+TEST_F(LoadTreeTest, ParsesAProductsOwnCatalogueAnewOnEachLoad)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sTemplatePath = "C:\\T\\AB\\"})));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", "{P1}", "Own", document("{D1}", "Doc", "a.dot")));
+    load();
+    load();
+    EXPECT_EQ(readsOf("C:\\T\\AB\\Zorvo Library.xml"), 2);
+}
+
+TEST_F(LoadTreeTest, JoinsTheTemplatePathAndTheCatalogueNameAsTheyStand)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sTemplatePath = "C:\\T\\AB"})));
+    setLibrary(product("AB", "2007", "{P1}", "Central", document("{D1}", "Doc", "a.dot")));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", "{P1}", "Own", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_NE(tree.find("{P1}"), nullptr);
+}
+
+TEST_F(LoadTreeTest, NamesTheCentralCatalogueEvenWhenTheOwnOneLacksTheProduct)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sTemplatePath = "C:\\T\\AB\\"})));
+    setLibrary(product("AB", "2007", "{P1}", "Central", document("{D1}", "Doc", "a.dot")));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2006", "{P1}", "Own", document("{D1}", "Doc", "a.dot")));
+    load();
+    ASSERT_EQ(messages.boxes.size(), 1U);
+    EXPECT_THAT(messages.boxes[0].sPrompt,
+                testing::StartsWith("The 'C:\\Zorvo\\TreeData\\Zorvo Library.xml' does"));
+    EXPECT_EQ(tree.count(), 0);
+}
+
+TEST_F(LoadTreeTest, MakesANodeOfEachProductThatTheLookUpFinds)
+{
+    setStatus(group("G", entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2007", "{P1}", "One", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "Two", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, LabelsProductsOfAYearGroupWithTheirYear)
+{
+    setStatus(group("Quillbook", entry({.sKey = "AB"}) + entry({.sKey = "CD", .sVersion = "20071101"})));
+    setLibrary(product("AB", "2007", "{P1}", "Alpha", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "20071101", "{P2}", "Beta", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_EQ(node("{P1}").text(), "Alpha 2007");
+    EXPECT_EQ(node("{P2}").text(), "Beta (11/07)");
+}
+
+TEST_F(LoadTreeTest, LabelsEvaluationEditionsInEveryGroup)
+{
+    setStatus(group("Tessora", entry({.sKey = "AB"}) + entry({.sKey = "CD"})));
+    setLibrary(product("AB", "2007", "{P1}", "Alpha eVALUATION copy", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "Beta", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_EQ(node("{P1}").text(), "Alpha eVALUATION copy 2007");
+    EXPECT_EQ(node("{P2}").text(), "Beta");
+}
+
+TEST_F(LoadTreeTest, TrimsTheTextsOfTheStatusDocument)
+{
+    setStatus(group("G", entry({.sKey = " AB ", .sVersion = " 2007 ", .sTemplatePath = " C:\\T\\AB\\ "})));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", "{P1}", "Own", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_NE(tree.find("{P1}`C:\\T\\AB\\Zorvo Library.xml"), nullptr);
+}
+
+TEST_F(LoadTreeTest, ShowsAllVersionsWithTheCurrentOnlySettingOff)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, ShowsTheNewestVersionOnlyWithTheCurrentOnlySettingOn)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB"})) +
+              group("H", entry({.sKey = "CD", .sVersion = "1999"})));
+    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")) +
+               product("CD", "1999", "{P3}", "CD", document("{D3}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}", "H", "{P3}", "{D3}"));
+    EXPECT_THAT(messages.boxes, IsEmpty());
+}
+
+TEST_F(LoadTreeTest, ComparesVersionsAsTextSoThatAShortOneSortsAboveANewerOne)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(group("G", entry({.sKey = "AB", .sVersion = "99"}) + entry({.sKey = "AB"})));
+    setLibrary(product("AB", "99", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+}
+
+TEST_F(LoadTreeTest, ComparesVersionsWithoutRegardToCase)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(group("G", entry({.sKey = "AB", .sVersion = "b1"}) + entry({.sKey = "AB", .sVersion = "C1"})));
+    setLibrary(product("AB", "b1", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "C1", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, CountsVersionsOfTopLevelGroupsOnlyInTheCurrentVersionFilter)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(group("G", group("Inner", entry({.sKey = "AB", .sVersion = "2006"})) + entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "Inner", "{P1}", "{D1}", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, CountsVersionsThatAreNotInstalledInTheCurrentVersionFilter)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(
+        group("G", entry({.sKey = "AB"}) + entry({.sKey = "AB", .sVersion = "2008", .sInstalled = "False"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_EQ(tree.count(), 0);
+}
+
+TEST_F(LoadTreeTest, PrunesProductsWithoutContentAndTheGroupsThatBecomeEmpty)
+{
+    setStatus(group("Outer", group("Inner", entry({.sKey = "AB"}))) + group("Kept", entry({.sKey = "CD"})) +
+              group("Bare", ""));
+    setLibrary(product("AB", "2007", "{P1}", "AB", "") +
+               product("CD", "2007", "{P2}", "CD", folder("{F1}", "F", "")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("Kept", "{P2}", "{F1}"));
+}
+
+TEST_F(LoadTreeTest, KeepsTheListBarGroupOfAGroupThatVanishes)
+{
+    setStatus(group("Gone", entry({.sKey = "AB", .sInstalled = "False"})) +
+              group("Kept", entry({.sKey = "CD"})));
+    setLibrary(product("CD", "2007", "{P2}", "CD", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("Kept", "{P2}", "{D1}"));
+    ASSERT_EQ(listBar.count(), 3);
+    EXPECT_EQ(listBar.item(1).sKey, "Gone");
+    EXPECT_EQ(listBar.item(2).sKey, "Kept");
+}
+
+TEST_F(LoadTreeTest, BuildsTheListBarOfTheTopLevelGroupsAndTheWebGroup)
+{
+    addIcon("Outer.ico");
+    addIcon("Zorvo.ico");
+    setStatus(group("Outer", group("Inner", entry({.sKey = "AB"}))) + group("Second", ""));
+    load();
+    ASSERT_EQ(listBar.count(), 3);
+    EXPECT_EQ(listBar.item(1).sKey, "Outer");
+    EXPECT_EQ(listBar.item(1).sCaption, "Outer short");
+    EXPECT_EQ(listBar.item(1).nImage, listBar.images().indexOf("Outer.ico"));
+    EXPECT_NE(listBar.item(1).nImage, -1);
+    EXPECT_EQ(listBar.item(2).sKey, "Second");
+    EXPECT_EQ(listBar.item(2).nImage, -1);
+    EXPECT_EQ(listBar.item(3).sKey, "Zorvonet");
+    EXPECT_EQ(listBar.item(3).sCaption, "Zorvo on the Web");
+    EXPECT_EQ(listBar.item(3).nImage, listBar.images().indexOf("Zorvo.ico"));
+    EXPECT_NE(listBar.item(3).nImage, -1);
+    EXPECT_TRUE(treeState().bListBarLoaded);
+}
+
+TEST_F(LoadTreeTest, WritesTheWebGroupsCaptionOfOneCompanyDifferently)
+{
+    StoreCompanyID("OTR");
+    setStatus("");
+    load();
+    ASSERT_EQ(listBar.count(), 1);
+    EXPECT_EQ(listBar.item(1).sKey, "OTRnet");
+    EXPECT_EQ(listBar.item(1).sCaption, "NDF on the Web");
+}
+
+TEST_F(LoadTreeTest, RebuildsImagesAndListBarOnRequest)
+{
+    addIcon("Word16.ico");
+    setStatus(group("G", ""));
+    load();
+    addIcon("Zorvo.ico");
+    LoadTree(tree, &listBar, false, true);
+    EXPECT_EQ(tree.images().count(), 2);
+    EXPECT_EQ(listBar.images().count(), 2);
+    EXPECT_EQ(listBar.count(), 2);
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
+TEST_F(LoadTreeTest, DoesNoImageWorkOnceTheListBarIsLoaded)
+{
+    addIcon("Word16.ico");
+    treeState().bListBarLoaded = true;
+    setStatus(group("G", ""));
+    load();
+    EXPECT_EQ(tree.images().count(), 0);
+    EXPECT_EQ(listBar.images().count(), 0);
+    EXPECT_EQ(listBar.count(), 0);
+}
+
+TEST_F(LoadTreeTest, EndsAtAGroupTitleMetTwiceAndStillPrunesAndAddsTheWebGroup)
+{
+    setStatus(group("G", entry({.sKey = "AB"})) + group("Empty", "") + group("G", "") + group("After", ""));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_EQ(messages.reports[0].nNumber, kKeyAlreadyUsed);
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    // The list bar refuses the second key of that name ahead of the tree.
+    ASSERT_EQ(listBar.count(), 3);
+    EXPECT_EQ(listBar.item(3).sKey, "Zorvonet");
+}
+
+TEST_F(LoadTreeTest, EndsOnlyTheLevelOfANestedGroupTitleMetTwice)
+{
+    setStatus(group("G", group("Inner", "") + group("Inner", "") + entry({.sKey = "AB"})) +
+              group("After", entry({.sKey = "CD"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}", "After", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, EndsAtAProductGuidMetTwice)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + entry({.sKey = "AB"}) + entry({.sKey = "CD"})) +
+              group("After", ""));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+}
+
+TEST_F(LoadTreeTest, EndsAtAProductWithoutNameOrGuid)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + entry({.sKey = "CD"})));
+    setLibrary("<Product Acronym='AB' Year='2007' Guid='{P1}'/>" +
+               product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_EQ(tree.count(), 0);
+
+    setLibrary("<Product Acronym='AB' Year='2007'><Name>AB</Name></Product>");
+    treeState().objLibraryDoc.reset();
+    load();
+    EXPECT_THAT(messages.tags(),
+                ElementsAre("TreeSupport.LoadProductGroups", "TreeSupport.LoadProductGroups"));
+    EXPECT_EQ(messages.reports[1].nNumber, kObjectNotSet);
+}
+
+TEST_F(LoadTreeTest, FailsAtAKeyThatMakesTheLookUpMalformed)
+{
+    setStatus(group("G", entry({.sKey = "A\"B"}) + entry({.sKey = "CD"})));
+    setLibrary(product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_EQ(messages.reports[0].nNumber, kInvalidCall);
+    EXPECT_EQ(tree.count(), 0);
+}
+
+TEST_F(LoadTreeTest, TellsKeysApartByTheirCase)
+{
+    setStatus(group("G", entry({.sKey = "AB"})) + group("g", entry({.sKey = "CD"})));
+    setLibrary(product("AB", "2007", "{p}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{p}", "{D1}", "g", "{P}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, ReportsAStatusDocumentThatFails)
+{
+    // A group of the tree order document without its titles.
+    fakes.files->addFile("C:\\Zorvo\\TreeData\\TreeOrder.xml",
+                         "<ZorvoTree Version='1'><ProductTreeGroup/></ZorvoTree>");
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadTree"));
+    EXPECT_FALSE(treeState().bListBarLoaded);
+}
+
+TEST_F(LoadTreeTest, SurvivesTheWindowsEndWhileABoxIsUp)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + entry({.sKey = "CD"})));
+    setLibrary(product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    messages.whileBoxIsUp = [] { ReleaseCatalogDocuments(); };
+    load();
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+}
+
+class AllOfferingsTest : public LoadTreeTest {
+protected:
+    AllOfferingsTest()
+    {
+        fakes.files->addFile(
+            "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+            "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='G' TreeTitleShort='G' IconLarge='' "
+            "IconSmall='G16.ico'>"
+            "<Acronymn numProdClassID='301' Name='Alpha'>AB</Acronymn>"
+            "<Acronymn numProdClassID='302' Name='Beta'>CD</Acronymn></ProductTreeGroup>"
+            "<ProductTreeGroup TreeTitle='Empty' TreeTitleShort='E' IconLarge='' IconSmall=''>"
+            "<Acronymn>EF</Acronymn></ProductTreeGroup></ZorvoTree>");
+        fakes.files->addFile("C:\\Zorvo\\TreeData\\HTML\\AB.htm");
+        fakes.files->addFile("C:\\Zorvo\\TreeData\\HTML\\CD.htm");
+        treeState().bListBarLoaded = true;
+    }
+};
+
+TEST_F(AllOfferingsTest, ShowsAllOfferingsAndKeepsEmptyGroups)
+{
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_THAT(lines(), ElementsAre("G|G|1", "  AB`301|Alpha|1", "  CD`302|Beta|1", "Empty|Empty|1"));
+    EXPECT_THAT(messages.boxes, IsEmpty());
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
+TEST_F(AllOfferingsTest, LoadsTheTreesImagesThoughTheListBarIsLoaded)
+{
+    addIcon("G16.ico");
+    addIcon("Product16.ico");
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_EQ(tree.images().count(), 2);
+    EXPECT_EQ(node("G").image(), tree.images().indexOf("G16.ico"));
+    EXPECT_EQ(node("AB`301").image(), tree.images().indexOf("Product16.ico"));
+}
+
+TEST_F(AllOfferingsTest, KeepsNoStatusDocument)
+{
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_EQ(treeState().objStatusDoc, nullptr);
+}
+
+TEST_F(AllOfferingsTest, IgnoresTheCurrentOnlySetting)
+{
+    sessionState().bShowCurrentOnly = true;
+    fakes.files->addFile(
+        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='G' TreeTitleShort='G' IconLarge='' IconSmall=''>"
+        "<Acronymn numProdClassID='1' Name='A'>AB</Acronymn>"
+        "<Acronymn numProdClassID='2' Name='B'>AB</Acronymn></ProductTreeGroup></ZorvoTree>");
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_THAT(keys(), ElementsAre("G", "AB`1", "AB`2"));
+}
+
+} // namespace
+} // namespace zorvo
