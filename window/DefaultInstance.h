@@ -4,9 +4,10 @@
 
 namespace zorvo {
 
-/// The instance of a form that the program reaches by the form's own name. Touching it loads it; after its unload
-/// the next touch makes a new one.
-template <typename FormType> class DefaultInstance {
+/// The instance of a form that the program reaches by the form's own name. Touching it loads it; after its
+/// unload the next touch makes a new one.
+template <typename FormType>
+class DefaultInstance {
 public:
     /// The loaded form, made and loaded when it isn't there.
     FormType& get()

@@ -7,8 +7,8 @@
 
 namespace zorvo {
 
-/// A timer that is its interval: 0 at rest, and writing it starts the wait anew. It goes on firing until it is
-/// written again, so a handler that is done with it writes 0.
+/// A timer that is its interval: 0 at rest, and writing it starts the wait anew. It goes on firing until it
+/// is written again, so a handler that is done with it writes 0.
 class IntervalTimer : public QObject {
     Q_OBJECT
 

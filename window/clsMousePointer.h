@@ -4,8 +4,8 @@
 
 namespace zorvo {
 
-/// Counts the busy requests of the whole program. The first one shows the wait pointer and disables the main form,
-/// the last release undoes both.
+/// Counts the busy requests of the whole program. The first one shows the wait pointer and disables the main
+/// form, the last release undoes both.
 class clsMousePointer {
 public:
     ~clsMousePointer();
@@ -30,7 +30,8 @@ private:
 /// The one instance, made on first use.
 clsMousePointer& goMousePointer();
 
-/// The screen's pointer over all windows of the program: 0 is the default. Nothing happens in a console program.
+/// The screen's pointer over all windows of the program: 0 is the default. Nothing happens in a console
+/// program.
 std::int16_t screenPointer();
 void setScreenPointer(std::int16_t nValue);
 

@@ -18,16 +18,16 @@ enum MessageBoxStyle : int {
 
 enum MessageBoxResult : int { kMsgResultOk = 1, kMsgResultCancel = 2, kMsgResultYes = 6, kMsgResultNo = 7 };
 
-/// The platform's own message box, modal to the whole program; gives the button pressed. The texts stand as they
-/// are: "&" marks nothing in them, CR LF parts lines. Without a running user interface the text goes to standard
-/// error and the answer is kMsgResultOk.
+/// The platform's own message box, modal to the whole program; gives the button pressed. The texts stand as
+/// they are: "&" marks nothing in them, CR LF parts lines. Without a running user interface the text goes to
+/// standard error and the answer is kMsgResultOk.
 int showMessageBox(const std::string& sPrompt, int nStyle, const std::string& sTitle);
 
 using MessageBoxHandler =
     std::function<int(const std::string& sPrompt, int nStyle, const std::string& sTitle)>;
 
-/// Takes the place of the box: for console programs and for tests that record. Gives back the one before; an empty
-/// one is the real box.
+/// Takes the place of the box: for console programs and for tests that record. Gives back the one before; an
+/// empty one is the real box.
 MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler);
 
 } // namespace zorvo
