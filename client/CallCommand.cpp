@@ -42,6 +42,7 @@ std::vector<Value> callUndescribed(DBusRemoteObject& object, const std::string& 
                                    const std::vector<std::string>& texts)
 {
     std::vector<Value> arguments;
+    arguments.reserve(texts.size());
     for (const std::string& sText : texts)
         arguments.push_back(*argumentFromText("v", sText));
     const Value result = object.invoke(sOperation, arguments);

@@ -87,7 +87,8 @@ std::optional<std::vector<std::string>> jsonTexts(const std::string& sText)
     if (!document.isArray())
         return {};
     std::vector<std::string> texts;
-    for (const QJsonValue& entry : document.array()) {
+    const QJsonArray entries = document.array();
+    for (const QJsonValue entry : entries) {
         if (!entry.isString())
             return {};
         texts.push_back(entry.toString().toStdString());

@@ -34,7 +34,7 @@ QDBusConnection requiredSessionBus()
     if (!hasBusAddress())
         throw RunTimeError(kCannotCreateObject,
                            "There is no session bus: DBUS_SESSION_BUS_ADDRESS isn't set.");
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         throw RunTimeError(kCannotCreateObject,
                            "The session bus can't be reached: " + bus.lastError().message().toStdString());

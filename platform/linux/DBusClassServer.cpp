@@ -45,6 +45,8 @@ DBusClassServer::DBusClassServer(const QDBusConnection& bus, const QString& busN
 
 DBusClassServer::~DBusClassServer()
 {
+    if (bHasName_)
+        releaseName();
     bus_.unregisterObject(root_, QDBusConnection::UnregisterTree);
 }
 

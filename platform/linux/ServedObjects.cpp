@@ -46,7 +46,7 @@ std::optional<QString> ServedObjects::attach(const ServedClass& served, const QS
 QString ServedObjects::add(const ServedClass& served, AutomationObjectPtr instance, const QString& root,
                            const QString& owner)
 {
-    const QString path = QStringLiteral("%1/%2").arg(root).arg(++nMade_);
+    QString path = QStringLiteral("%1/%2").arg(root).arg(++nMade_);
     objects_[path] = {&served, std::move(instance), owner};
     return path;
 }

@@ -16,7 +16,9 @@ TEST_F(ObjectServiceOnTheBus, ListsItsClassesInTypeLibraryOrder)
         client.call(kRoot, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
                     {QStringLiteral("com.zorvo.ObjectService"), QStringLiteral("Classes")});
     EXPECT_EQ(reply.arguments().value(0).value<QDBusVariant>().variant().toStringList(),
-              QStringList({kProbe, QStringLiteral("Test.Refusing")}));
+              QStringList({kProbe, QStringLiteral("Test.Refusing"),
+                           QStringLiteral("ZorvoTSelector.ZorvoTreeSelector"),
+                           QStringLiteral("ZorvoTSelector.clsZorvoProductStatus")}));
 }
 
 TEST_F(ObjectServiceOnTheBus, ListsItsClassesAmongAllProperties)

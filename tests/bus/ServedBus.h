@@ -23,6 +23,9 @@ protected:
     }
     void TearDown() override
     {
+        // A server that never had a client would wait for one.
+        if (isServed(address()))
+            BusClient(address()).service(QStringLiteral("CreateObject"), {kProbe});
         EXPECT_TRUE(waitUntil([] { return !isServed(sharedBus().address()); })) << "the server stays";
     }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/DBusObjectService.h"
 #include "tests/bus/ProbeClasses.h"
+#include "tests/bus/StandInClasses.h"
 
 #include <QCoreApplication>
 
@@ -12,7 +13,10 @@ int main(int argc, char** argv)
     zorvo::ProbeHost host;
     host.endProcess = [&service] { service.endProcess(); };
     host.reconsiderEnd = [&service] { service.reconsiderEnd(); };
-    if (!service.start(zorvo::probeClasses(host), [&host] { return host.bFormLoaded; }))
+    auto classes = zorvo::probeClasses(host);
+    for (auto& standIn : zorvo::standInClasses(host))
+        classes.push_back(std::move(standIn));
+    if (!service.start(std::move(classes), [&host] { return host.bFormLoaded; }))
         return 3;
     return QCoreApplication::exec();
 }
