@@ -1,6 +1,7 @@
 #include "platform/linux/RegistryFile.h"
 
 #include "base/RunTimeError.h"
+#include "base/text.h"
 #include "platform/linux/RegistryStore.h"
 #include "platform/linux/RegistryText.h"
 #include "platform/registryNames.h"
@@ -19,6 +20,20 @@ void writeKey(RegistryStore& store, Hive hive, const std::string& sPath, Registr
         writeKey(store, hive, sPath.empty() ? sName : sPath + '\\' + sName, writer);
 }
 
+/// The path of a key that is there, as it was spelled when it was made.
+std::string storedSpelling(RegistryStore& store, const RegistryPlace& place)
+{
+    std::string sPath;
+    const auto levels = registryLevels(place.sPath);
+    for (const std::string& sLevel : levels.value())
+        for (const std::string& sName : store.subKeys(place.hive, sPath))
+            if (equalNoCase(sName, sLevel)) {
+                sPath = sPath.empty() ? sName : sPath + '\\' + sName;
+                break;
+            }
+    return sPath;
+}
+
 } // namespace
 
 void importRegistryText(RegistryStore& store, std::string_view bytes)
@@ -35,7 +50,7 @@ std::string exportRegistryKey(RegistryStore& store, const std::string& sFullKey,
     if (!store.hasKey(place->hive, place->sPath))
         throw RunTimeError(kFileNotFound, "There is no such registry key.");
     RegistryTextWriter writer;
-    writeKey(store, place->hive, place->sPath, writer);
+    writeKey(store, place->hive, storedSpelling(store, *place), writer);
     return form == RegistryTextForm::utf16 ? writer.utf16() : writer.text();
 }
 
