@@ -1,0 +1,91 @@
+#include "branding/forms/formBranding.h"
+
+#include "base/RunTimeError.h"
+#include "branding/brandedFiles.h"
+#include "branding/companyIdentity.h"
+#include "branding/sRebrand.h"
+#include "window/ControlCaption.h"
+#include "window/Form.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QPixmap>
+
+namespace zorvo {
+
+namespace {
+
+constexpr const char* kIconName = "Brendle.ico";
+
+bool isDefaultCompany()
+{
+    return GetCompanyID() == kDefaultCompany;
+}
+
+QString rebranded(const QString& caption, bool bEscapeAmpersand)
+{
+    return QString::fromStdString(sRebrand(caption.toStdString(), bEscapeAmpersand));
+}
+
+template <typename Statement>
+void skipFailure(Statement statement)
+{
+    try {
+        statement();
+    } catch (const RunTimeError&) { // a caption that can't be rebranded stays as it is
+    }
+}
+
+/// Twice: first for captions with access keys, then plain.
+void rebrandControl(QObject& control)
+{
+    for (const bool bEscapeAmpersand : {true, false}) {
+        const auto caption = controlCaption(control);
+        if (caption)
+            setControlCaption(control, rebranded(*caption, bEscapeAmpersand));
+    }
+}
+
+/// All controls below `parent`, those inside other controls too. A window is a form of its own.
+void rebrandControlsOf(const QObject& parent)
+{
+    for (QObject* child : parent.findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (child->isWidgetType() && static_cast<QWidget*>(child)->isWindow())
+            continue;
+        skipFailure([child] { rebrandControl(*child); });
+        rebrandControlsOf(*child);
+    }
+}
+
+} // namespace
+
+void ApplyFormBranding(Form& frm)
+{
+    if (isDefaultCompany())
+        return;
+    if (const PicturePtr icon = LoadBrandedPicture(kIconName))
+        frm.setWindowIcon(icon->icon());
+    RebrandFormCaptions(frm);
+}
+
+void RebrandFormCaptions(Form& frm)
+{
+    skipFailure([&frm] { frm.setCaption(rebranded(frm.caption(), false)); });
+    rebrandControlsOf(frm);
+}
+
+void SetTaskManagerPicture(Form& frm, QLabel* pic)
+{
+    if (isDefaultCompany())
+        return;
+    if (const PicturePtr icon = LoadBrandedPicture(kIconName)) {
+        if (pic)
+            pic->setPixmap(icon->pixmap());
+        frm.setWindowIcon(icon->icon());
+        QApplication::setWindowIcon(icon->icon());
+    }
+    frm.setWindowIconText(frm.caption());
+}
+
+} // namespace zorvo
