@@ -4,9 +4,10 @@
 #include "platform/linux/busCall.h"
 #include "platform/linux/busErrors.h"
 #include "platform/linux/busValues.h"
+#include "platform/linux/byReference.h"
 
 #include <QDBusObjectPath>
-#include <algorithm>
+#include <QDBusVariant>
 
 namespace zorvo {
 
@@ -37,38 +38,23 @@ RunTimeError creationFailure(const QDBusMessage& errorReply)
     return RunTimeError(kCannotCreateObject);
 }
 
-/// Where each reply goes: the place of the argument of that name, or none for the result.
-QList<qsizetype> placesOf(const BusMember& member)
+QVariantList plainValues(const std::vector<Value>& values)
 {
-    QList<qsizetype> places;
-    for (const BusArgument& reply : member.out) {
-        const auto found = std::find_if(
-            member.in.begin(), member.in.end(), [&reply, &places, &member](const BusArgument& argument) {
-                return !reply.name.isEmpty() && argument.name == reply.name && argument.type == reply.type &&
-                       !places.contains(&argument - member.in.data());
-            });
-        places.append(found == member.in.end() ? -1 : found - member.in.begin());
-    }
-    return places;
+    QVariantList wire;
+    for (const Value& value : values)
+        wire.append(toBusVariant(value).value<QDBusVariant>().variant());
+    return wire;
 }
 
-/// The result is the first reply that is no argument's; further ones follow the arguments.
-Value distribute(const QVariantList& replies, const QList<qsizetype>& places, std::vector<Value>& arguments)
+/// What a call that nobody described looked like on the wire.
+BusMember memberAsCalled(const QVariantList& arguments, const QVariantList& replies)
 {
-    Value result;
-    bool bHasResult = false;
-    for (qsizetype index = 0; index < replies.size(); ++index) {
-        const qsizetype place = index < places.size() ? places.at(index) : -1;
-        if (place >= 0) {
-            arguments.at(static_cast<std::size_t>(place)) = fromBus(replies.at(index));
-        } else if (!bHasResult) {
-            result = fromBus(replies.at(index));
-            bHasResult = true;
-        } else {
-            arguments.push_back(fromBus(replies.at(index)));
-        }
-    }
-    return result;
+    BusMember member;
+    for (const QVariant& argument : arguments)
+        member.in.append({QString(), QLatin1String(argument.metaType().name())});
+    for (const QVariant& reply : replies)
+        member.out.append({QString(), QLatin1String(reply.metaType().name())});
+    return member;
 }
 
 } // namespace
@@ -196,34 +182,23 @@ QVariantList DBusRemoteObject::replies(const BusMember& member, const std::vecto
 
 Value DBusRemoteObject::invokeDescribed(const BusMember& member, std::vector<Value>& arguments)
 {
-    return distribute(replies(member, arguments), placesOf(member), arguments);
+    return distributeReplies(replies(member, arguments), replyPlaces(member), arguments);
 }
 
 Value DBusRemoteObject::invokeAsItIs(const QString& member, std::vector<Value>& arguments)
 {
-    QVariantList wire;
-    for (const Value& argument : arguments)
-        wire.append(toBusVariant(argument).value<QDBusVariant>().variant());
+    const QVariantList wire = plainValues(arguments);
     const QDBusMessage reply = send(interface_, member, wire);
     if (reply.type() != QDBusMessage::ReplyMessage)
         throw failureOf(reply);
-    // As many replies as arguments, or one more in front, are the arguments coming back.
-    const qsizetype nArguments = wire.size();
-    const qsizetype nReplies = reply.arguments().size();
-    QList<qsizetype> places(nReplies, -1);
-    if (nArguments > 0 && nReplies >= nArguments && nReplies > 1)
-        for (qsizetype index = 0; index < nArguments; ++index)
-            places[nReplies - nArguments + index] = index;
-    return distribute(reply.arguments(), places, arguments);
+    return distributeReplies(reply.arguments(), replyPlaces(memberAsCalled(wire, reply.arguments())),
+                             arguments);
 }
 
 Value DBusRemoteObject::invokeById(int dispatchId, std::vector<Value>& arguments)
 {
-    QVariantList wire;
-    for (const Value& argument : arguments)
-        wire.append(toBusVariant(argument).value<QDBusVariant>().variant());
-    const QDBusMessage reply =
-        send(QLatin1String(kDispatchInterface), QStringLiteral("Invoke"), {dispatchId, QVariant(wire)});
+    const QDBusMessage reply = send(QLatin1String(kDispatchInterface), QStringLiteral("Invoke"),
+                                    {dispatchId, QVariant(plainValues(arguments))});
     if (reply.type() != QDBusMessage::ReplyMessage)
         throw failureOf(reply);
     return fromBus(reply.arguments().value(0));
