@@ -91,7 +91,6 @@ def main(source, templates, program):
     copy(source / "sample" / "xmlCaptions.xml", program / "xmlCaptions.xml")
     for company in ("OTR", "MRL"):
         copy(source / company / "xmlCaptions.xml", program / company / "xmlCaptions.xml")
-    copy_tree(source / "Images" / "tools", program / "Images" / "tools")
 
     central = products_of(source / "TreeData" / OWN_CATALOGUE)
     for acronym, year, folder in installed_years(program / "sample.reg"):
