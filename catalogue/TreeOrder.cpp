@@ -1,5 +1,6 @@
 #include "catalogue/TreeOrder.h"
 
+#include "base/RunTimeError.h"
 #include "base/XmlDocument.h"
 #include "base/numbers.h"
 #include "base/paths.h"
@@ -10,8 +11,8 @@
 #include "platform/Platform.h"
 #include "platform/SpecialFolders.h"
 #include "platform/machineAccess.h"
-#include "platform/xmlFiles.h"
 
+#include <utility>
 #include <vector>
 
 namespace zorvo {
@@ -41,6 +42,56 @@ std::vector<std::string> installedFolders()
     return sFolders;
 }
 
+std::string bytesOfFile(const std::string& sPath)
+{
+    try {
+        return platform().files->read(sPath);
+    } catch (const RunTimeError&) { // an unreadable copy is an empty one
+        return {};
+    }
+}
+
+std::int32_t nVersionOf(const std::string& sBytes)
+{
+    XmlDocument document;
+    document.loadBytes(sBytes);
+    const XmlNode root = document.selectSingleNode("ZorvoTree");
+    if (!root)
+        return -1;
+    const std::string sVersion = root.attribute("Version");
+    return isNumeric(sVersion) ? toLong(sVersion) : -1;
+}
+
+std::string treeOrderFileIn(const std::string& sFolder)
+{
+    return withBackslash(sFolder) + kTreeOrderFile;
+}
+
+/// Editions of many copies. Products of one season bring the same copy each, so that it is parsed once.
+class TreeOrderEditions {
+public:
+    std::int32_t nVersionIn(const std::string& sFolder)
+    {
+        std::string sBytes = bytesOfFile(treeOrderFileIn(sFolder));
+        for (const Edition& edition : editions_) {
+            if (edition.sBytes == sBytes)
+                return edition.nVersion;
+        }
+        const std::int32_t nVersion = nVersionOf(sBytes);
+        if (editions_.size() < kMostKept)
+            editions_.push_back({std::move(sBytes), nVersion});
+        return nVersion;
+    }
+
+private:
+    static constexpr std::size_t kMostKept = 16;
+    struct Edition {
+        std::string sBytes;
+        std::int32_t nVersion;
+    };
+    std::vector<Edition> editions_;
+};
+
 } // namespace
 
 std::string sGetTreeOrderXML()
@@ -51,25 +102,21 @@ std::string sGetTreeOrderXML()
 
     const std::vector<std::string> sFolders = installedFolders();
     std::string sBest = sZorvoPath + "TreeData\\";
-    std::int32_t nBest = nTreeOrderVersion(sBest);
+    TreeOrderEditions editions;
+    std::int32_t nBest = editions.nVersionIn(sBest);
     for (std::size_t n = 1; n < sFolders.size(); ++n) {
-        const std::int32_t nVersion = nTreeOrderVersion(sFolders[n]);
+        const std::int32_t nVersion = editions.nVersionIn(sFolders[n]);
         if (nBest < nVersion) {
             sBest = sFolders[n];
             nBest = nVersion;
         }
     }
-    return withBackslash(sBest) + kTreeOrderFile;
+    return treeOrderFileIn(sBest);
 }
 
 std::int32_t nTreeOrderVersion(const std::string& sFolder)
 {
-    const XmlDocument document = loadXmlFile(withBackslash(sFolder) + kTreeOrderFile);
-    const XmlNode root = document.selectSingleNode("ZorvoTree");
-    if (!root)
-        return -1;
-    const std::string sVersion = root.attribute("Version");
-    return isNumeric(sVersion) ? toLong(sVersion) : -1;
+    return nVersionOf(bytesOfFile(treeOrderFileIn(sFolder)));
 }
 
 } // namespace zorvo

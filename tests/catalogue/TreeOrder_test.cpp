@@ -145,6 +145,15 @@ TEST_F(sGetTreeOrderXMLTest, FailsWhenOneCopyHasNoVersion)
     EXPECT_EQ(numberOfFailure([&] { status.sGetTreeOrderXML(); }), kObjectNotSet);
 }
 
+TEST_F(sGetTreeOrderXMLTest, ReadsEveryCandidateAlsoBeyondTheEditionsThatItKeeps)
+{
+    addCopy("C:\\Zorvo\\TreeData", "1");
+    for (int n = 10; n < 60; ++n)
+        addProduct("Quillbook", "P" + std::to_string(n), "C:\\P" + std::to_string(n), std::to_string(n));
+    addProduct("Tessora", "Same", "C:\\Same", "59");
+    EXPECT_EQ(status.sGetTreeOrderXML(), "C:\\P59\\TreeOrder.xml");
+}
+
 TEST_F(sGetTreeOrderXMLTest, PicksAnewWithEachCall)
 {
     addCopy("C:\\Zorvo\\TreeData", "1");
