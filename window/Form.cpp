@@ -117,7 +117,7 @@ void Form::showModeless()
         setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
-    activateWindow();
+    comeToFront();
 }
 
 void Form::showModal()
@@ -136,7 +136,7 @@ void Form::runModalLoop()
     modal_ = &modal;
     becomeModalWindow();
     show();
-    activateWindow();
+    comeToFront();
     if (!modal.bEnded)
         modal.loop.exec();
     if (self) {
@@ -145,6 +145,14 @@ void Form::runModalLoop()
     }
     if (modal.failure)
         std::rethrow_exception(modal.failure);
+}
+
+void Form::comeToFront()
+{
+    activateWindow();
+    // A platform that never took the focus from the hidden window has nothing to tell when it shows again.
+    if (isVisible() && !isActiveWindow() && QGuiApplication::focusWindow() == windowHandle())
+        QApplication::setActiveWindow(this);
 }
 
 void Form::leaveModalLoop()

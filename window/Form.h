@@ -82,6 +82,7 @@ private:
 
     void runModalLoop();
     void leaveModalLoop();
+    void comeToFront();
     void becomeModalWindow();
     void becomeActive();
     void becomeInactive();
