@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
-/// The company's pages in the user's browser. The addresses stand in the caption document; a missing one is an empty
-/// address, which goes to the platform like any other. Failures are reported, never thrown; a page that can't be
-/// opened gives no message.
+/// The company's pages in the user's browser. The addresses stand in the caption document; a missing one is
+/// an empty address, which goes to the platform like any other. Failures are reported, never thrown; a page
+/// that can't be opened gives no message.
 namespace zorvo {
 
 /// The contact page: `linkContactUs` and `ID_CONTACTUS`.
@@ -13,8 +13,8 @@ void OpenContactUs();
 void ZorvoQuickTour();
 void ZorvoMyAccount();
 
-/// With `sAddress` that address; with neither argument the first on-the-web page; with the first argument alone,
-/// whatever its value, the second one.
+/// With `sAddress` that address; with neither argument the first on-the-web page; with the first argument
+/// alone, whatever its value, the second one.
 void ZorvoOnTheWeb(std::optional<bool> bSecondPage = {}, const std::optional<std::string>& sAddress = {});
 
 } // namespace zorvo

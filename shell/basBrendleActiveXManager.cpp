@@ -27,17 +27,17 @@ LateBoundPtr attachToRunning()
 void ConnectActXManager(const std::string& sCaption)
 {
     shellState().sActXCaption = sCaption;
-    LateBoundPtr object = attachToRunning();
-    if (!object) {
-        try {
-            object = platform().objects->createByProgId(kFramework);
-        } catch (const RunTimeError& error) {
-            ReportActXFailure(error.number(), error.description());
-        }
-        if (!object)
-            ReportActXFailure(0, "");
+    shellState().objActXManager = attachToRunning();
+    if (shellState().objActXManager)
+        return;
+    try {
+        shellState().objActXManager = platform().objects->createByProgId(kFramework);
+    } catch (const RunTimeError& error) {
+        ReportActXFailure(error.number(), error.description());
+        return;
     }
-    shellState().objActXManager = object;
+    if (!shellState().objActXManager)
+        ReportActXFailure(0, "");
 }
 
 void ReleaseActXManager()
@@ -48,8 +48,8 @@ void ReleaseActXManager()
 void ReportActXFailure(std::int32_t nError, const std::string& sDescription)
 {
     // Not the branded box: without the framework no wording can be relied on.
-    showMessageBox("The Brendle application cannot be created. The error is:\r\n\r\n" + std::to_string(nError) +
-                       " " + sDescription +
+    showMessageBox("The Brendle application cannot be created. The error is:\r\n\r\n" +
+                       std::to_string(nError) + " " + sDescription +
                        "\r\n\r\nPlease try to uninstall and then reinstall the Brendle framework.",
                    kMsgExclamation, shellState().sActXCaption);
     ReleaseActXManager();

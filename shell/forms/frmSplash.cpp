@@ -12,11 +12,16 @@
 #include "window/clsMousePointer.h"
 
 #include <QEvent>
+#include <QIcon>
 #include <QLabel>
 #include <QPixmap>
 #include <QVBoxLayout>
 
 namespace zorvo {
+
+namespace {
+constexpr QSize kPictureSize{480, 280};
+} // namespace
 
 frmSplash::frmSplash()
     : Form("frmSplash")
@@ -40,7 +45,7 @@ void frmSplash::onLoad()
 {
     goMousePointer().setMousePointer(11);
     lblVersion_->setText(QString::fromStdString(GetVersionText()));
-    picSplash_->setPixmap(QPixmap(QStringLiteral(":/pictures/splash.png")));
+    picSplash_->setPixmap(QIcon(QStringLiteral(":/pictures/splash.svg")).pixmap(kPictureSize));
     ApplyFormBranding(*this);
 }
 

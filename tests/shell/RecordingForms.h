@@ -22,10 +22,7 @@ public:
         journal.push_back("tmEvent " + std::to_string(nMilliseconds));
     }
     bool isShown() const override { return bShown; }
-    void SetWindowTopMost(bool bTop) override
-    {
-        journal.push_back(bTop ? "topmost" : "not topmost");
-    }
+    void SetWindowTopMost(bool bTop) override { journal.push_back(bTop ? "topmost" : "not topmost"); }
     void unloadForm() override { journal.push_back("unload"); }
     std::string caption() const override { return "Zorvo's Brendle"; }
 

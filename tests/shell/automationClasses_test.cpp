@@ -60,8 +60,8 @@ TEST_F(AutomationClassesTest, HaveTheirOperationsInSlotOrder)
     EXPECT_THAT(operationNames(service->classes[1]), ElementsAre("show_QBK_About"));
     EXPECT_THAT(operationNames(service->classes[2]), ElementsAre("show_QBK_Help"));
     EXPECT_THAT(operationNames(service->classes[3]), ElementsAre("SWD_RunSearch"));
-    EXPECT_THAT(operationNames(service->classes[4]), ElementsAre("sGetProductStatusXML", "GetQBKInfo",
-                                                                 "sGetTreeOrderXML", "nGetNestedKeyValues"));
+    EXPECT_THAT(operationNames(service->classes[4]),
+                ElementsAre("sGetProductStatusXML", "GetQBKInfo", "sGetTreeOrderXML", "nGetNestedKeyValues"));
 }
 
 TEST_F(AutomationClassesTest, TheForwardersReachTheirForms)
@@ -93,11 +93,14 @@ TEST_F(AutomationClassesTest, AStatusFlagPast16BitsIsAnOverflowAndATextATypeMism
 
 TEST_F(AutomationClassesTest, GetQbkInfoGivesBothAnswers)
 {
-    fakes.registry->setText(HKEY_LOCAL_MACHINE, "Software\\Zorvo\\Tessora\\AUD\\2006\\InstallDefaults", "AppPath2",
-                            " C:\\T\\AUD ");
-    std::vector<Value> arguments{Value(std::string("AUD")),  Value(std::string("Tessora")),
-                                 Value(std::string("2006")), Value(std::uint32_t(HKEY_LOCAL_MACHINE)),
-                                 Value(),                    Value()};
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, "Software\\Zorvo\\Tessora\\AUD\\2006\\InstallDefaults",
+                            "AppPath2", " C:\\T\\AUD ");
+    std::vector<Value> arguments{Value(std::string("AUD")),
+                                 Value(std::string("Tessora")),
+                                 Value(std::string("2006")),
+                                 Value(std::uint32_t(HKEY_LOCAL_MACHINE)),
+                                 Value(),
+                                 Value()};
     service->call(kStatus, "GetQBKInfo", arguments);
     EXPECT_TRUE(std::get<bool>(arguments[4]));
     EXPECT_EQ(std::get<std::string>(arguments[5]), "C:\\T\\AUD");
@@ -105,7 +108,8 @@ TEST_F(AutomationClassesTest, GetQbkInfoGivesBothAnswers)
 
 TEST_F(AutomationClassesTest, NestedKeyValuesGoOnWhereTheCallersArrayStops)
 {
-    fakes.registry->setText(HKEY_LOCAL_MACHINE, "SOFTWARE\\Zorvo\\Quillbook\\A\\InstallDefaults", "AppPath2", "C:\\A");
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, "SOFTWARE\\Zorvo\\Quillbook\\A\\InstallDefaults", "AppPath2",
+                            "C:\\A");
     std::vector<Value> arguments{Value(std::string("HKEY_LOCAL_MACHINE\\SOFTWARE\\Zorvo\\Quillbook")),
                                  Value(std::string("InstallDefaults")), Value(std::string("AppPath2")),
                                  Value(std::vector<std::string>{"", "first"}), Value(std::int32_t(1))};

@@ -1,10 +1,10 @@
 #include "shell/basBrendleActiveXManager.h"
 
 #include "base/RunTimeError.h"
-#include "tests/fakes/FakeObjectCreator.h"
-#include "tests/fakes/RecordingObjectService.h"
 #include "platform/Platform.h"
 #include "shell/shellState.h"
+#include "tests/fakes/FakeObjectCreator.h"
+#include "tests/fakes/RecordingObjectService.h"
 #include "window/messageBox.h"
 
 #include <gmock/gmock.h>
@@ -78,8 +78,8 @@ TEST_F(ActXManagerTest, AMissingFrameworkIsToldInThePlatformsBoxAndEndsTheProces
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_THAT(boxes[0], testing::StartsWith("Zorvo's Brendle|48|The Brendle application cannot be created. "
                                               "The error is:\r\n\r\n429 "));
-    EXPECT_THAT(boxes[0],
-                testing::EndsWith("\r\n\r\nPlease try to uninstall and then reinstall the Brendle framework."));
+    EXPECT_THAT(boxes[0], testing::EndsWith(
+                              "\r\n\r\nPlease try to uninstall and then reinstall the Brendle framework."));
     EXPECT_EQ(service->nEnded, 1);
 }
 

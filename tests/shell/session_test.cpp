@@ -2,9 +2,9 @@
 
 #include "base/RunTimeError.h"
 #include "base/sessionState.h"
-#include "tests/fakes/installFakePlatform.h"
 #include "platform/machineAccess.h"
 #include "shell/shellState.h"
+#include "tests/fakes/installFakePlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,11 @@
+#include "catalogue/EngagementHost.h"
+
+namespace zorvo {
+
+EngagementHost& engagementHost()
+{
+    static EngagementHost host;
+    return host;
+}
+
+} // namespace zorvo

@@ -1,0 +1,374 @@
+#include "shell/forms/TemplateTree.h"
+
+#include "base/sessionState.h"
+#include "branding/brandedFiles.h"
+#include "branding/companyIdentity.h"
+#include "branding/forms/formBranding.h"
+#include "branding/sRebrand.h"
+#include "branding/webPages.h"
+#include "branding/xmlCaptionLoaderManager.h"
+#include "catalogue/basHTMLHelp.h"
+#include "creation/creationState.h"
+#include "platform/Machine.h"
+#include "platform/ObjectService.h"
+#include "platform/Platform.h"
+#include "shell/Settings.h"
+#include "shell/addInCopy.h"
+#include "shell/basBrendleActiveXManager.h"
+#include "shell/commandTools.h"
+#include "shell/eventMailbox.h"
+#include "shell/mainCaption.h"
+#include "shell/mainGeometry.h"
+#include "shell/session.h"
+#include "shell/shellState.h"
+#include "tree/LoadTree.h"
+#include "tree/treeState.h"
+#include "window/LinkLabel.h"
+#include "window/ListBar.h"
+#include "window/MnemonicLabel.h"
+#include "window/StatusPanels.h"
+#include "window/ToolBands.h"
+#include "window/TreeView.h"
+#include "window/UiIds.h"
+#include "window/clsMousePointer.h"
+#include "window/guardedSlot.h"
+#include "window/spacing.h"
+#include "window/twips.h"
+#include "window/windowPosition.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QScrollArea>
+
+namespace zorvo {
+
+namespace {
+
+constexpr std::int16_t kHourglass = 11;
+constexpr std::int16_t kDefaultPointer = 0;
+
+/// The right column: the instructions begin this far from the window's right edge.
+constexpr int kRightColumnTwips = 4720;
+/// What the status bar's first panel leaves to the others.
+constexpr int kOtherPanelsTwips = 3200;
+constexpr int kPanelTwips = 240;
+
+constexpr QSize kDefaultSize{1060, 700};
+constexpr QSize kSmallestSize{640, 420};
+
+} // namespace
+
+TemplateTree::TemplateTree()
+    : Form("TemplateTree")
+    , tools_(commandTools())
+    , tmEvent_([this] { runGuarded(this, [this] { handleEventTimer(*this); }); }, this)
+{
+    setCaption(QStringLiteral("Zorvo's Brendle"));
+    setWindowIcon(QIcon(QStringLiteral(":/pictures/brendle.svg")));
+    resize(kDefaultSize);
+    setMinimumSize(kSmallestSize);
+    buildControls();
+    buildDescription();
+    layOut();
+    mapCommands();
+    connectControls();
+}
+
+TemplateTree::~TemplateTree()
+{
+    ReleaseActXManager();
+}
+
+void TemplateTree::buildControls()
+{
+    tbMain_ = new ToolBands("tbMain", tools_, this);
+    lbMain_ = new ListBar("lbMain", this);
+    lbMain_->setAccessibleName(tr("Product groups"));
+    TreeView1_ = new TreeView("TreeView1", this);
+    TreeView1_->setAccessibleName(tr("Products and documents"));
+    sbZorvoBrendle_ = new StatusPanels("sbZorvoBrendle", this);
+    gagZorvoBrendle_ = new QProgressBar(this);
+    gagZorvoBrendle_->setObjectName(QStringLiteral("gagZorvoBrendle"));
+    gagZorvoBrendle_->setAccessibleName(tr("Progress"));
+    gagZorvoBrendle_->hide();
+    picForTaskManager_ = new QLabel(this);
+    picForTaskManager_->setObjectName(QStringLiteral("picForTaskManager"));
+    picForTaskManager_->hide();
+}
+
+void TemplateTree::buildDescription()
+{
+    fraInstructions_ = new QGroupBox(QStringLiteral("Instructions"), this);
+    fraInstructions_->setObjectName(QStringLiteral("fraInstructions"));
+    lblInstructions_ = new MnemonicLabel(
+        "lblInstructions",
+        QStringLiteral(
+            "To create a new Brendle document, select one or more documents from the list, and then click "
+            "New Document. Hint: To pick more than one document hold down the Ctrl key while you click "
+            "with the mouse."),
+        fraInstructions_);
+    lblContactUsMessage_ = new MnemonicLabel(
+        "lblContactUsMessage",
+        QStringLiteral(
+            "Users of these products are encouraged to contact Zorvo to offer any comments or suggestions "
+            "to improve the usefulness of future editions."),
+        fraInstructions_);
+    lblContactUsClickLinkInstructions_ =
+        new MnemonicLabel("lblContactUsClickLinkInstructions", QStringLiteral("Click the following link to "),
+                          fraInstructions_);
+    linkContactUs_ = new LinkLabel("linkContactUs", QStringLiteral("Contact Us"), fraInstructions_);
+
+    fraDesc_ = new QGroupBox(QStringLiteral("Description"), this);
+    fraDesc_->setObjectName(QStringLiteral("fraDesc"));
+    lblDesc_ = new MnemonicLabel("lblDesc", {}, fraDesc_);
+    lblDesc_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+}
+
+void TemplateTree::layOut()
+{
+    auto* link = new QHBoxLayout;
+    spaceInner(*link);
+    link->setSpacing(kSpacing / 2);
+    link->addWidget(lblContactUsClickLinkInstructions_);
+    link->addWidget(linkContactUs_);
+    link->addStretch();
+    auto* instructions = new QVBoxLayout(fraInstructions_);
+    instructions->setSpacing(kSpacing);
+    instructions->addWidget(lblInstructions_);
+    instructions->addWidget(lblContactUsMessage_);
+    instructions->addLayout(link);
+
+    // A long description scrolls rather than pushing the window's edge.
+    auto* scroll = new QScrollArea(fraDesc_);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->viewport()->setAutoFillBackground(false);
+    scroll->setWidget(lblDesc_);
+    lblDesc_->setAutoFillBackground(false);
+    auto* description = new QVBoxLayout(fraDesc_);
+    description->addWidget(scroll);
+
+    auto* right = new QWidget(this);
+    right->setFixedWidth(toPixels(kRightColumnTwips) - kFormMargin);
+    auto* column = new QVBoxLayout(right);
+    spaceInner(*column);
+    column->addWidget(fraInstructions_);
+    column->addWidget(fraDesc_, 1);
+
+    auto* middle = new QHBoxLayout;
+    middle->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    middle->setSpacing(kSpacing);
+    middle->addWidget(lbMain_);
+    middle->addWidget(TreeView1_, 1);
+    middle->addWidget(right);
+
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    whole->addWidget(tbMain_);
+    whole->addLayout(middle, 1);
+    whole->addWidget(gagZorvoBrendle_);
+    whole->addWidget(sbZorvoBrendle_);
+    setTabOrder(lbMain_, TreeView1_);
+    setTabOrder(TreeView1_, linkContactUs_);
+}
+
+void TemplateTree::connectControls()
+{
+    connect(tbMain_, &ToolBands::toolClicked, this,
+            guardedSlot(this, [this](const QString& id) { toolClick(id); }));
+    connect(tbMain_, &ToolBands::statusTextChanged, this,
+            [this](const QString& text) { sbZorvoBrendle_->showHint(text); });
+    connect(lbMain_, &ListBar::clicked, this, guardedSlot(this, [this](int index) { listBarClick(index); }));
+    connect(TreeView1_, &TreeView::nodeSelected, this,
+            guardedSlot(this, [this](TreeNode* node) { nodeSelected(node); }));
+    connect(TreeView1_, &TreeView::nodeDoubleClicked, this,
+            guardedSlot(this, [this](const TreeNode* node) { nodeDoubleClick(node); }));
+    connect(TreeView1_, &TreeView::focusGained, this, [this] { bTreeHasFocus_ = true; });
+    connect(TreeView1_, &TreeView::focusLost, this, [this] { bTreeHasFocus_ = false; });
+    connect(linkContactUs_, &QAbstractButton::clicked, this, guardedSlot(this, [] { OpenContactUs(); }));
+}
+
+void TemplateTree::onLoad()
+{
+    shellState().gfrmMain = this;
+    try {
+        runLoadSteps();
+    } catch (...) {
+        // The form that failed to load is no main form; its caller hears why.
+        shellState().gfrmMain = nullptr;
+        sessionState().gbLoading = false;
+        goMousePointer().setMousePointer(kDefaultPointer);
+        throw;
+    }
+}
+
+/// The order is part of the behaviour: each step may use what came before.
+void TemplateTree::runLoadSteps()
+{
+    goMousePointer().setMousePointer(kHourglass);
+    RefreshAddInCopy();
+    LoadSettings();
+    if (!bCaptionsLoaded())
+        xmlCaptionLoader();
+    setCaption(QString::fromStdString(sGetDialogTitle()));
+    captions_ = {sGetTreeLabelBoth(),        sGetTreeLabelQbkOnly(),       sGetTreeLabelTsrOnly(),
+                 sGetCategoryDescrProduct(), sGetCategoryDescrCategeory(), sGetCategoryDescrDocument()};
+    LoadTree(TreeView1_->nodes(), &lbMain_->groups(), false, false);
+    buildStatusBar();
+    SetTBState(false, false);
+    tools_.setVisible("ID_PRODVERSION", true);
+    EnsureHTMLHelp(static_cast<std::uintptr_t>(winId()));
+    sessionState().gbLoading = true;
+    restoreGeometry();
+    const std::string sCaption = sMainCaption(GetCompanyID());
+    setCaption(QString::fromStdString(sCaption));
+    ConnectActXManager(sCaption);
+    ApplyFormBranding(*this);
+    RebrandToolbars();
+    SetTaskManagerPicture(*this, picForTaskManager_);
+    linkContactUs_->setCursor(Qt::PointingHandCursor);
+    TreeView1_->setFocus();
+    sessionState().gbLoading = false;
+    goMousePointer().setMousePointer(kDefaultPointer);
+}
+
+void TemplateTree::buildStatusBar()
+{
+    constexpr std::array kKeyPanels{PanelStyle::date, PanelStyle::time, PanelStyle::caps, PanelStyle::num,
+                                    PanelStyle::insert};
+    for (const PanelStyle style : kKeyPanels) {
+        const int nPanel = sbZorvoBrendle_->addPanel();
+        sbZorvoBrendle_->setPanelStyle(nPanel, style);
+        sbZorvoBrendle_->setAlignment(nPanel, Qt::AlignHCenter | Qt::AlignVCenter);
+        sbZorvoBrendle_->setAutoSize(nPanel, PanelAutoSize::contents);
+        sbZorvoBrendle_->setWidth(nPanel, kPanelTwips);
+    }
+    markUiIds(*sbZorvoBrendle_);
+}
+
+void TemplateTree::restoreGeometry()
+{
+    const MainGeometry geometry = restoreMainGeometry();
+    if (geometry.place) {
+        setClientGeometry(*this, {geometry.place->nLeft, geometry.place->nTop, geometry.place->nWidth,
+                                  geometry.place->nHeight});
+    }
+    setWindowState(geometry.state == WindowState::maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+}
+
+void TemplateTree::storeGeometry()
+{
+    WindowState state = WindowState::normal;
+    if (isMinimized())
+        state = WindowState::minimised;
+    else if (isMaximized())
+        state = WindowState::maximised;
+    const TwipsGeometry place = clientGeometry(*this);
+    saveMainGeometry(state, {place.nLeft, place.nTop, place.nWidth, place.nHeight});
+}
+
+void TemplateTree::RebrandToolbars()
+{
+    if (GetCompanyID() == "Zorvo")
+        return;
+    tools_.setSideStrip(LoadBrandedPicture("Sidebar"));
+    tools_.rewriteCaptions([](const std::string& sCaption) { return sRebrand(sCaption, true); });
+}
+
+void TemplateTree::onActivate()
+{
+    if (bFirstActivate_) {
+        bFirstActivate_ = false;
+        // A plain picture spares a slow line.
+        if (platform().machine->isRemoteSession())
+            TreeView1_->setBackgroundPicture(LoadBrandedPicture("Treelist Background White.bmp"));
+    }
+    bEventsArmed_ = true;
+}
+
+void TemplateTree::onQueryUnload(UnloadMode mode)
+{
+    // At once, before the saving of the unload event.
+    if (mode == UnloadMode::closeBox)
+        hide();
+}
+
+void TemplateTree::onUnload()
+{
+    storeGeometry();
+    if (sessionState().bReturnSelection)
+        WriteDFSResult(sessionState().sSelectedDocuments);
+    ReleaseCatalogDocuments();
+    creationState().objWordApp.reset();
+    creationState().objExcelApp.reset();
+    ReleaseCaptions();
+    shellState().gfrmMain = nullptr;
+    ReleaseHTMLHelp();
+    platform().service->endProcess();
+}
+
+bool TemplateTree::onKeyDown(int key, Qt::KeyboardModifiers modifiers)
+{
+    return bTreeHasFocus_ && key == Qt::Key_V && modifiers == Qt::ControlModifier;
+}
+
+int TemplateTree::tmEventInterval() const
+{
+    return tmEvent_.interval();
+}
+
+void TemplateTree::setTmEventInterval(int nMilliseconds)
+{
+    tmEvent_.setInterval(nMilliseconds);
+}
+
+bool TemplateTree::isShown() const
+{
+    return isVisible();
+}
+
+void TemplateTree::SetWindowTopMost(bool bTop)
+{
+    setTopMost(*this, bTop);
+}
+
+void TemplateTree::unloadForm()
+{
+    Form::unload();
+}
+
+void TemplateTree::unload()
+{
+    Form::unload();
+}
+
+std::string TemplateTree::caption() const
+{
+    return Form::caption().toStdString();
+}
+
+TreeNodes& TemplateTree::tree()
+{
+    return TreeView1_->nodes();
+}
+
+void TemplateTree::setNewDocumentEnabled(bool bEnabled)
+{
+    tools_.setEnabled("ID_NEW", bEnabled);
+}
+
+void TemplateTree::setDescription(const std::string& caption)
+{
+    lblDesc_->setCaption(QString::fromStdString(caption));
+}
+
+void TemplateTree::setStatusText(const QString& text)
+{
+    sbZorvoBrendle_->setText(text);
+}
+
+} // namespace zorvo

@@ -1,0 +1,44 @@
+#include "creation/ProcessSelectedDocs.h"
+#include "platform/ObjectService.h"
+#include "platform/Platform.h"
+#include "platform/linux/DBusObjectCreator.h"
+#include "platform/linux/DBusObjectService.h"
+#include "platform/linux/LibreOffice.h"
+#include "platform/linux/linuxPlatform.h"
+#include "shell/ReportError.h"
+#include "shell/automationClasses.h"
+#include "shell/forms/QtShellForms.h"
+#include "window/Form.h"
+
+#include <QApplication>
+
+#include <iostream>
+
+/// The automation server. The object service of the platform starts it for a first client; it has no command
+/// line.
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zorvobrendle"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Brendle"));
+    QApplication::setDesktopFileName(QStringLiteral("com.zorvo.TSelector"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    using namespace zorvo;
+    installLinuxPlatform();
+    platform().objects = std::make_shared<DBusObjectCreator>(platform().registry);
+    platform().service = std::make_shared<DBusObjectService>();
+    platform().office = makeLibreOffice();
+    installErrorReporter();
+    installSelectionConsumer();
+    installQtForms();
+    Form::setUnloadListener([] { platform().service->reconsiderEnd(); });
+
+    const bool bServes =
+        platform().service->start(automationClasses(), [] { return Form::loadedForms() > 0; });
+    if (!bServes) {
+        std::cerr << "zorvobrendle: no session bus, or another zorvobrendle serves already\n";
+        return 1;
+    }
+    return QApplication::exec();
+}

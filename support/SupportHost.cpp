@@ -1,0 +1,11 @@
+#include "support/SupportHost.h"
+
+namespace zorvo {
+
+SupportHost& supportHost()
+{
+    static SupportHost host;
+    return host;
+}
+
+} // namespace zorvo
