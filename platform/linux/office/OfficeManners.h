@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+
+namespace zorvo {
+
+/// What holds for everything that one adaptor does.
+struct OfficeManners {
+    /// Called again and again while a call waits.
+    std::function<void()> idleWork;
+    bool bNeverReplace = false;
+    /// An office that takes longer for one call hangs.
+    std::chrono::milliseconds longestCall{30'000};
+    std::chrono::milliseconds longestStart{60'000};
+    /// An office of our own that has grown by more bytes than this is started anew between two documents.
+    std::uint64_t largestGrowth = std::uint64_t{512} << 20U;
+};
+
+/// With `ZORVOBRENDLE_OFFICE_TIMEOUT_MS` and `ZORVOBRENDLE_OFFICE_GROWTH_MB` of the environment, which tests
+/// set.
+OfficeManners mannersOfEnvironment();
+
+} // namespace zorvo

@@ -1,0 +1,140 @@
+#include "platform/linux/office/OfficeSession.h"
+
+#include "base/RunTimeError.h"
+#include "platform/Office.h"
+#include "platform/linux/office/OfficeSessions.h"
+
+#include <cstdlib>
+
+namespace zorvo {
+
+namespace {
+
+/// How long a call may take to come back after it was cut off.
+constexpr std::chrono::milliseconds kLongestReturn{5'000};
+constexpr int kAutomationError = 440;
+
+} // namespace
+
+OfficeSession::OfficeSession(std::shared_ptr<OfficeGate> gate, std::shared_ptr<const OfficeManners> manners)
+    : manners_(std::move(manners))
+{
+    line_->gate = std::move(gate);
+}
+
+OfficeSession::~OfficeSession()
+{
+    end();
+}
+
+void OfficeSession::run(Work work)
+{
+    if (bDead_)
+        throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->crashText());
+    start();
+    runWithin([line = line_, work = std::move(work)] { work(*line->connection); }, manners_->longestCall);
+}
+
+void OfficeSession::tell(Work work)
+{
+    if (isRunning())
+        thread_.post([line = line_, work = std::move(work)] { work(*line->connection); },
+                     manners_->longestCall);
+}
+
+void OfficeSession::start()
+{
+    if (bStarted_)
+        return;
+    bStarted_ = true;
+    try {
+        runWithin(
+            [line = line_] {
+                auto connection = line->gate->connect();
+                {
+                    const std::lock_guard lock(line->mutex);
+                    line->connection = std::move(connection);
+                    if (line->bCut)
+                        line->connection->breakOff();
+                }
+                line->connection->greet();
+            },
+            manners_->longestStart);
+        // What was loaded meanwhile has put its own clean-up on the process's list; ours has to run ahead of
+        // it.
+        std::atexit(endAllOfficeSessions);
+    } catch (const RunTimeError&) {
+        bDead_ = true;
+        throw;
+    }
+}
+
+void OfficeSession::runWithin(const std::function<void()>& work, std::chrono::milliseconds longest)
+{
+    const OfficeThread::JobPtr job = thread_.post(work, longest);
+    if (thread_.wait(job, manners_->idleWork) == OfficeThread::Outcome::overdue) {
+        giveUp(job);
+        throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->hangText());
+    }
+    try {
+        OfficeThread::rethrowFailure(job);
+    } catch (const OfficeFailure& failure) {
+        throwMeaning(failure);
+    }
+}
+
+void OfficeSession::cut()
+{
+    bDead_ = true;
+    line_->gate->close();
+    const std::lock_guard lock(line_->mutex);
+    line_->bCut = true;
+    if (line_->connection)
+        line_->connection->breakOff();
+}
+
+void OfficeSession::giveUp(const OfficeThread::JobPtr& job)
+{
+    cut();
+    if (!thread_.isDoneWithin(job, kLongestReturn))
+        thread_.abandon();
+}
+
+void OfficeSession::end()
+{
+    if (bEnded_)
+        return;
+    bEnded_ = true;
+    cut();
+    // What the thread holds of the office has to go on that thread.
+    const auto job = thread_.post(
+        [line = line_] {
+            const std::lock_guard lock(line->mutex);
+            line->connection.reset();
+        },
+        kLongestReturn);
+    if (!thread_.isDoneWithin(job, kLongestReturn))
+        thread_.abandon();
+}
+
+void OfficeSession::throwMeaning(const OfficeFailure& failure)
+{
+    switch (failure.kind()) {
+    case OfficeFailure::Kind::lost:
+        cut();
+        throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->crashText());
+    case OfficeFailure::Kind::noDocument:
+        throw RunTimeError(kObjectRequired, "The document has been closed.");
+    case OfficeFailure::Kind::noMember:
+        throw RunTimeError(kMemberNotFound);
+    case OfficeFailure::Kind::badArguments:
+        throw RunTimeError(kTypeMismatch, failure.what());
+    case OfficeFailure::Kind::raised:
+        throw RunTimeError(kAutomationError, failure.what());
+    case OfficeFailure::Kind::refused:
+        break;
+    }
+    throw RunTimeError(kPathOrFileAccess, failure.what());
+}
+
+} // namespace zorvo

@@ -1,0 +1,63 @@
+#include "platform/linux/office/documentChecks.h"
+
+#include "base/RunTimeError.h"
+#include "base/text.h"
+#include "platform/linux/nativeFiles.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <string_view>
+
+namespace zorvo {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+/// The first bytes of the containers that office documents are kept in.
+constexpr std::string_view kCompoundFile = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv;
+constexpr std::string_view kZipFile = "PK\x03\x04"sv;
+constexpr std::string_view kRichText = "{\\rtf"sv;
+
+struct Promise {
+    std::string_view ending;
+    std::string_view firstBytes;
+};
+
+constexpr std::array kPromises = {
+    Promise{".DOT", kCompoundFile}, Promise{".DOC", kCompoundFile}, Promise{".XLT", kCompoundFile},
+    Promise{".XLS", kCompoundFile}, Promise{".XLA", kCompoundFile}, Promise{".DOTX", kZipFile},
+    Promise{".DOTM", kZipFile},     Promise{".DOCX", kZipFile},     Promise{".DOCM", kZipFile},
+    Promise{".XLTX", kZipFile},     Promise{".XLTM", kZipFile},     Promise{".XLSX", kZipFile},
+    Promise{".XLSM", kZipFile},     Promise{".ODT", kZipFile},      Promise{".OTT", kZipFile},
+    Promise{".ODS", kZipFile},      Promise{".OTS", kZipFile},      Promise{".RTF", kRichText},
+};
+
+std::string firstBytes(const std::string& native, int nNotFound)
+{
+    try {
+        const FileDescriptor file = openPlainFile(native);
+        std::array<char, 16> bytes{};
+        const ssize_t got = read(file.get(), bytes.data(), bytes.size());
+        return {bytes.data(), got > 0 ? static_cast<std::size_t>(got) : 0};
+    } catch (const RunTimeError& e) {
+        if (e.number() == kFileNotFound || e.number() == kPathNotFound)
+            throw RunTimeError(nNotFound, "The file wasn't found: " + native);
+        throw RunTimeError(e.number(), "The file can't be read: " + native);
+    }
+}
+
+} // namespace
+
+void checkDocumentFile(const std::string& native, int nNotFound)
+{
+    const std::string bytes = firstBytes(native, nNotFound);
+    if (bytes.empty())
+        throw RunTimeError(kPathOrFileAccess, "The file is empty: " + native);
+    for (const Promise& promise : kPromises)
+        if (endsWithNoCase(native, promise.ending) && !bytes.starts_with(promise.firstBytes))
+            throw RunTimeError(kPathOrFileAccess, "The file isn't what its name says: " + native);
+}
+
+} // namespace zorvo

@@ -1,0 +1,55 @@
+#include "platform/linux/office/uno/documentWindow.h"
+
+#include <com/sun/star/awt/XSystemDependentWindowPeer.hpp>
+#include <com/sun/star/awt/XTopWindow.hpp>
+#include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/frame/XDispatchProvider.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/lang/SystemDependent.hpp>
+
+namespace css = com::sun::star;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace zorvo {
+
+namespace {
+
+Reference<css::frame::XFrame> frameOf(const DocumentModel& document)
+{
+    const Reference<css::frame::XController> controller(document->getCurrentController(),
+                                                        css::uno::UNO_SET_THROW);
+    return {controller->getFrame(), css::uno::UNO_SET_THROW};
+}
+
+} // namespace
+
+bool showWindow(const DocumentModel& document)
+{
+    const Reference<css::awt::XWindow> window = frameOf(document)->getContainerWindow();
+    window->setVisible(true);
+    raiseWindow(document);
+    return true;
+}
+
+void raiseWindow(const DocumentModel& document)
+{
+    const Reference<css::awt::XTopWindow> top(frameOf(document)->getContainerWindow(), UNO_QUERY_THROW);
+    top->toFront();
+}
+
+void switchToNormalView(const DocumentModel& document)
+{
+    css::util::URL command;
+    command.Complete = ".uno:NormalViewMode";
+    command.Main = command.Complete;
+    command.Protocol = ".uno:";
+    command.Path = "NormalViewMode";
+    const Reference<css::frame::XDispatchProvider> provider(frameOf(document), UNO_QUERY_THROW);
+    const auto dispatch = provider->queryDispatch(command, "", 0);
+    if (dispatch.is())
+        dispatch->dispatch(command, {});
+}
+
+} // namespace zorvo

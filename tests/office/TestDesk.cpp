@@ -1,0 +1,269 @@
+#include "tests/office/TestDesk.h"
+
+#include "base/RunTimeError.h"
+#include "base/text.h"
+#include "platform/linux/linuxPlatform.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+
+namespace zorvo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kRootElement =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<office:document xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
+    "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
+    "xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\" office:version=\"1.2\" "
+    "office:mimetype=\"application/vnd.oasis.opendocument.";
+
+void write(const fs::path& file, const std::string& bytes)
+{
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+/// The office's own command-line conversion, apart from the code that is tested.
+void convert(const fs::path& root, const fs::path& file, const std::string& format, const fs::path& folder)
+{
+    const std::string command = "soffice -env:UserInstallation=file://" + (root / "converter").string() +
+                                " --headless --convert-to '" + format + "' --outdir '" + folder.string() +
+                                "' '" + file.string() + "' >/dev/null 2>&1";
+    if (std::system(command.c_str()) != 0)
+        throw std::runtime_error("no conversion: " + command);
+}
+
+void setFolder(const char* variable, const fs::path& folder)
+{
+    fs::create_directories(folder);
+    fs::permissions(folder, fs::perms::owner_all);
+    setenv(variable, folder.c_str(), 1);
+}
+
+std::string commandLineOf(const std::string& process)
+{
+    std::ifstream file("/proc/" + process + "/cmdline", std::ios::binary);
+    std::stringstream text;
+    text << file.rdbuf();
+    std::string line = text.str();
+    std::replace(line.begin(), line.end(), '\0', ' ');
+    return line;
+}
+
+/// State and parent out of /proc/PID/stat; the name before them may hold blanks.
+std::pair<char, pid_t> stateOf(const std::string& process)
+{
+    std::ifstream file("/proc/" + process + "/stat");
+    std::string line;
+    std::getline(file, line);
+    std::istringstream rest(line.substr(std::min(line.size(), line.rfind(')') + 1)));
+    char state = 'X';
+    pid_t parent = 0;
+    rest >> state >> parent;
+    return {state, parent};
+}
+
+std::vector<pid_t> processes(const std::function<bool(const std::string&)>& wanted)
+{
+    std::vector<pid_t> found;
+    for (const fs::directory_entry& entry : fs::directory_iterator("/proc")) {
+        const std::string name = entry.path().filename().string();
+        if (std::isdigit(static_cast<unsigned char>(name.front())) != 0 && wanted(name))
+            found.push_back(std::stoi(name));
+    }
+    return found;
+}
+
+/// Comes up before the first test and goes after the last.
+class DeskOfTheRun : public testing::Environment {
+public:
+    void TearDown() override { fs::remove_all(TestDesk::instance().root()); }
+};
+
+const testing::Environment* const kDesk = testing::AddGlobalTestEnvironment(new DeskOfTheRun);
+
+} // namespace
+
+TestDesk& TestDesk::instance()
+{
+    static TestDesk desk;
+    return desk;
+}
+
+TestDesk::TestDesk()
+{
+    std::string name = (fs::temp_directory_path() / "zorvo-office-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr)
+        throw std::runtime_error("no temporary folder");
+    root_ = name;
+    setFolder("HOME", root_ / "home");
+    setFolder("XDG_CONFIG_HOME", root_ / "config");
+    setFolder("XDG_DATA_HOME", root_ / "data");
+    setFolder("XDG_CACHE_HOME", root_ / "cache");
+    setFolder("XDG_RUNTIME_DIR", root_ / "runtime");
+    setFolder("ZORVOBRENDLE_MACHINE_DIR", root_ / "machine");
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    installLinuxPlatform();
+    makeTemplates();
+    makeBrokenTemplates();
+    registerAddIn();
+}
+
+fs::path TestDesk::newFolder()
+{
+    fs::path folder = root_ / ("folder " + std::to_string(++nFolders_));
+    fs::create_directories(folder);
+    return folder;
+}
+
+void TestDesk::makeTemplates()
+{
+    fs::create_directories(templates());
+    const fs::path text = root_ / "letter.fodt";
+    write(text, std::string(kRootElement) + "text\"><office:body><office:text><text:p>Dear reader</text:p>"
+                                            "</office:text></office:body></office:document>");
+    convert(root_, text, "dot:MS Word 97 Vorlage", templates());
+    convert(root_, text, "rtf:Rich Text Format", templates());
+    fs::rename(templates() / "letter.dot", templates() / "LETTER.DOT");
+    const fs::path sheet = root_ / "budget.fods";
+    write(sheet,
+          std::string(kRootElement) +
+              "spreadsheet\"><office:body><office:spreadsheet><table:table table:name=\"Budget\">"
+              "<table:table-row><table:table-cell office:value-type=\"string\"><text:p>Planned</text:p>"
+              "</table:table-cell></table:table-row></table:table></office:spreadsheet></office:body>"
+              "</office:document>");
+    convert(root_, sheet, "xlt:MS Excel 97 Vorlage/Template", templates());
+    fs::rename(templates() / "budget.xlt", templates() / "BUDGET.XLT");
+}
+
+void TestDesk::makeBrokenTemplates() const
+{
+    const std::string letter = bytesOf(templates() / "LETTER.DOT");
+    write(templates() / "EMPTY.DOT", "");
+    write(templates() / "TRUNCATED.DOT", letter.substr(0, letter.size() / 3));
+    write(templates() / "RANDOM.DOT", std::string(5000, 'x'));
+    std::string corrupt = letter.substr(0, 8);
+    for (int n = 0; n < 6000; ++n)
+        corrupt += static_cast<char>(n * 37 % 251);
+    write(templates() / "CORRUPT.DOT", corrupt);
+    write(templates() / "CORRUPT.XLT", corrupt);
+    fs::copy_file(templates() / "BUDGET.XLT", templates() / "SHEET.DOT");
+    // Made with the password "secret": no command line makes one.
+    fs::copy_file(fs::path(ZORVO_SOURCE_DIR) / "tests/office/data/PROTECTED.DOT",
+                  templates() / "PROTECTED.DOT");
+}
+
+/// As the office's own extension manager leaves an extension of the user's behind.
+void TestDesk::registerAddIn() const
+{
+    const fs::path folder = root_ / "config/libreoffice/4/user/uno_packages/cache/registry/"
+                                    "com.sun.star.comp.deployment.component.PackageRegistryBackend";
+    fs::create_directories(folder);
+    write(folder / "unorc", "[Bootstrap]\nUNO_SERVICES=?$ORIGIN/addin.rdb\n");
+    write(folder / "addin.rdb",
+          "<?xml version=\"1.0\"?>\n"
+          "<components xmlns=\"http://openoffice.org/2010/uno-components\">\n"
+          "<component loader=\"com.sun.star.loader.SharedLibrary\" environment=\"gcc3\" uri=\"file://" +
+              std::string(ZORVO_TEST_ADDIN) +
+              "\">\n<implementation name=\"zorvo.test.AddIn\" constructor=\"zorvo_test_addin\">"
+              "<service name=\"ZorvoTSR.Connect\"/></implementation>\n</component></components>\n");
+}
+
+std::string dos(const fs::path& native)
+{
+    return "Z:" + replaceAll(native.string(), "/", "\\");
+}
+
+std::vector<pid_t> officeChildren()
+{
+    return processes([](const std::string& process) {
+        const auto [state, parent] = stateOf(process);
+        return parent == getpid() && state != 'Z' &&
+               commandLineOf(process).find("soffice.bin") != std::string::npos;
+    });
+}
+
+std::vector<pid_t> processesWith(const std::string& text)
+{
+    return processes([&](const std::string& process) {
+        return stateOf(process).first != 'Z' && commandLineOf(process).find(text) != std::string::npos;
+    });
+}
+
+bool waitUntil(const std::function<bool()>& condition, int milliseconds)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
+std::string bytesOf(const fs::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::stringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
+}
+
+std::string textOf(const fs::path& file)
+{
+    const fs::path folder = TestDesk::instance().newFolder();
+    const bool bSheet = endsWithNoCase(file.string(), ".xls");
+    convert(TestDesk::instance().root(), file, bSheet ? "csv" : "txt:Text (encoded):UTF8", folder);
+    return bytesOf(folder / file.filename().replace_extension(bSheet ? ".csv" : ".txt"));
+}
+
+ScopedVariable::ScopedVariable(const char* name, const std::string& value)
+    : name_(name)
+    , bWasSet_(getenv(name) != nullptr)
+{
+    if (bWasSet_)
+        before_ = getenv(name);
+    setenv(name, value.c_str(), 1);
+}
+
+ScopedVariable::~ScopedVariable()
+{
+    if (bWasSet_)
+        setenv(name_.c_str(), before_.c_str(), 1);
+    else
+        unsetenv(name_.c_str());
+}
+
+int numberOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const RunTimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+std::string descriptionOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const RunTimeError& e) {
+        return e.description();
+    }
+    return {};
+}
+
+} // namespace zorvo

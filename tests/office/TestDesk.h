@@ -1,0 +1,70 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zorvo {
+
+/// A user account of its own for the tests with the real office: home, settings, runtime and data folders
+/// below one temporary folder, small templates made by the office itself, and the machine's adaptors in
+/// `platform()`. One per run of the test program.
+class TestDesk {
+public:
+    static TestDesk& instance();
+
+    TestDesk();
+    TestDesk(const TestDesk&) = delete;
+    TestDesk& operator=(const TestDesk&) = delete;
+
+    const std::filesystem::path& root() const { return root_; }
+    /// "LETTER.DOT" and "BUDGET.XLT" lie here, and broken ones beside them.
+    std::filesystem::path templates() const { return root_ / "Templates"; }
+    /// A new empty folder.
+    std::filesystem::path newFolder();
+
+private:
+    void makeTemplates();
+    void makeBrokenTemplates() const;
+    void registerAddIn() const;
+
+    std::filesystem::path root_;
+    int nFolders_ = 0;
+};
+
+/// The backslash form, by way of drive Z.
+std::string dos(const std::filesystem::path& native);
+
+/// The offices that this process has started and that still run.
+std::vector<pid_t> officeChildren();
+/// Processes of the whole machine whose command line holds the text.
+std::vector<pid_t> processesWith(const std::string& text);
+bool waitUntil(const std::function<bool()>& condition, int milliseconds);
+
+std::string bytesOf(const std::filesystem::path& file);
+/// The text of a document of any format, as the office itself reads it.
+std::string textOf(const std::filesystem::path& file);
+
+/// An environment variable as long as this lives.
+class ScopedVariable {
+public:
+    ScopedVariable(const char* name, const std::string& value);
+    ~ScopedVariable();
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    std::string name_;
+    std::string before_;
+    bool bWasSet_;
+};
+
+/// The number of the RunTimeError that the call throws, 0 when it throws none.
+int numberOf(const std::function<void()>& call);
+/// The same for its description.
+std::string descriptionOf(const std::function<void()>& call);
+
+} // namespace zorvo
