@@ -90,7 +90,7 @@ void StatusPanels::setWidth(int nPanel, int nTwips)
     panel(nPanel).setPanelWidth(toPixels(nTwips));
 }
 
-int StatusPanels::width(int nPanel) const
+int StatusPanels::panelWidth(int nPanel) const
 {
     return toTwips(panel(nPanel).panelWidth());
 }

@@ -29,7 +29,7 @@ public:
     /// In twips. A panel that took all the room no longer does; one that fits its contents gets no smaller
     /// than that.
     void setWidth(int nPanel, int nTwips);
-    int width(int nPanel) const;
+    int panelWidth(int nPanel) const;
 
     /// Of a text panel.
     QString text(int nPanel = 1) const;
