@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t kNameCapacity = 2048;
 constexpr std::size_t kValueCapacity = 2048;
+/// A store that can't be read fails at every index and never comes to its end.
+constexpr int kMostFailuresInARow = 1000;
 /// `nRetCount` comes from a client: one that no reply could carry must not ask for all memory.
 constexpr std::int32_t kLargestIndex = 0xFFFFFF;
 
@@ -33,24 +35,31 @@ public:
         if (!key)
             return kStartingKeyNotOpened;
         std::int32_t nStatus = kRegistrySuccess;
+        int nFailures = 0;
         std::string sName;
-        for (std::size_t nIndex = 0; nStatus != kRegistryNoMoreItems; ++nIndex) {
+        for (std::size_t nIndex = 0; nStatus != kRegistryNoMoreItems && nFailures < kMostFailuresInARow;
+             ++nIndex) {
             sName.clear();
             nStatus = key->enumKey(nIndex, kNameCapacity, sName);
-            // A name that can't be given is passed over: only the end of the entries ends the level.
-            if (nStatus != kRegistrySuccess || sName.empty())
-                continue;
-            std::string sChild = sPath;
-            sChild.append("\\").append(sName);
-            if (sName == sSearchKey_)
-                takeValue(sChild);
-            else
-                walk(sChild);
+            nFailures = nStatus == kRegistrySuccess || nStatus == kRegistryMoreData ? 0 : nFailures + 1;
+            // An entry whose name can't be given is passed over: only the end of the entries ends the level.
+            if (nStatus == kRegistrySuccess && !sName.empty())
+                visit(sPath, sName);
         }
         return kRegistryNoMoreItems;
     }
 
 private:
+    void visit(const std::string& sParent, const std::string& sName)
+    {
+        std::string sPath = sParent;
+        sPath.append("\\").append(sName);
+        if (sName == sSearchKey_)
+            takeValue(sPath);
+        else
+            walk(sPath);
+    }
+
     std::unique_ptr<RegistryKey> open(const std::string& sPath) const
     {
         std::unique_ptr<RegistryKey> key;

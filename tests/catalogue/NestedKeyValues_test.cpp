@@ -215,6 +215,31 @@ TEST_F(nGetNestedKeyValuesTest, EndsALevelAtTheEndOfTheEntriesOnly)
     EXPECT_EQ(found, (Texts{"", "one", "two"}));
 }
 
+TEST_F(nGetNestedKeyValuesTest, LeavesALevelThatFailsForEver)
+{
+    addDefaults("R\\a", "lost");
+    addDefaults("R\\b\\c", "kept");
+    const auto odd = std::make_shared<OddRegistry>(fakes.registry);
+    odd->enumerate(HKEY_LOCAL_MACHINE, "R\\a",
+                   std::vector<OddRegistry::Entry>(1'000'000, {kRegistryCorrupt, ""}));
+    platform().registry = odd;
+    EXPECT_EQ(walk("HKEY_LOCAL_MACHINE\\R"), 259);
+    EXPECT_EQ(found, (Texts{"", "kept"}));
+    EXPECT_LT(odd->nEnumerations, 2000U);
+}
+
+TEST_F(nGetNestedKeyValuesTest, GoesOnBehindAnyNumberOfNamesThatDoNotFit)
+{
+    addDefaults("R\\a", "kept");
+    std::vector<OddRegistry::Entry> entries(5000, {kRegistryMoreData, ""});
+    entries.push_back({kRegistrySuccess, "a"});
+    const auto odd = std::make_shared<OddRegistry>(fakes.registry);
+    odd->enumerate(HKEY_LOCAL_MACHINE, "R", entries);
+    platform().registry = odd;
+    walk("HKEY_LOCAL_MACHINE\\R");
+    EXPECT_EQ(found, (Texts{"", "kept"}));
+}
+
 TEST_F(nGetNestedKeyValuesTest, OpensEveryKeyWithReadAccess)
 {
     addDefaults("R\\a", "one");

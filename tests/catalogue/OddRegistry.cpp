@@ -8,14 +8,17 @@ namespace {
 
 class OddKey : public RegistryKey {
 public:
-    OddKey(std::unique_ptr<RegistryKey> behind, std::vector<OddRegistry::Entry> entries)
+    OddKey(std::unique_ptr<RegistryKey> behind, std::vector<OddRegistry::Entry> entries,
+           std::size_t& nEnumerations)
         : behind_(std::move(behind))
         , entries_(std::move(entries))
+        , nEnumerations_(nEnumerations)
     {
     }
 
     std::int32_t enumKey(std::size_t index, std::size_t /*capacity*/, std::string& name) override
     {
+        ++nEnumerations_;
         if (index >= entries_.size()) {
             name = "left over";
             return kRegistryNoMoreItems;
@@ -38,6 +41,7 @@ public:
 private:
     std::unique_ptr<RegistryKey> behind_;
     std::vector<OddRegistry::Entry> entries_;
+    std::size_t& nEnumerations_;
 };
 
 } // namespace
@@ -59,7 +63,7 @@ std::int32_t OddRegistry::openKey(Hive hive, const std::string& path, std::uint3
     const std::int32_t nStatus = behind_->openKey(hive, path, access, key);
     const auto odd = entries_.find({hive, path});
     if (nStatus == kRegistrySuccess && odd != entries_.end())
-        key = std::make_unique<OddKey>(std::move(key), odd->second);
+        key = std::make_unique<OddKey>(std::move(key), odd->second, nEnumerations);
     return nStatus;
 }
 

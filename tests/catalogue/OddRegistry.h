@@ -30,6 +30,8 @@ public:
 
     /// The access mask of every key that was opened.
     std::vector<std::uint32_t> accesses;
+    /// How many entries of those keys were asked for.
+    std::size_t nEnumerations = 0;
 
 private:
     std::shared_ptr<Registry> behind_;
