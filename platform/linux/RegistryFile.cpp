@@ -10,14 +10,20 @@ namespace zorvo {
 
 namespace {
 
+std::string below(const std::string& sPath, const std::string& sName)
+{
+    std::string sBelow = sPath;
+    sBelow.append(sPath.empty() ? "" : "\\").append(sName);
+    return sBelow;
+}
+
 void writeKey(RegistryStore& store, Hive hive, const std::string& sPath, RegistryTextWriter& writer)
 {
-    const std::string sHive = registryHiveName(hive);
-    writer.key(sPath.empty() ? sHive : sHive + '\\' + sPath);
+    writer.key(sPath.empty() ? registryHiveName(hive) : below(registryHiveName(hive), sPath));
     for (const RegistryValue& value : store.values(hive, sPath))
         writer.value(value);
     for (const std::string& sName : store.subKeys(hive, sPath))
-        writeKey(store, hive, sPath.empty() ? sName : sPath + '\\' + sName, writer);
+        writeKey(store, hive, below(sPath, sName), writer);
 }
 
 /// The path of a key that is there, as it was spelled when it was made.
@@ -28,7 +34,7 @@ std::string storedSpelling(RegistryStore& store, const RegistryPlace& place)
     for (const std::string& sLevel : levels.value())
         for (const std::string& sName : store.subKeys(place.hive, sPath))
             if (equalNoCase(sName, sLevel)) {
-                sPath = sPath.empty() ? sName : sPath + '\\' + sName;
+                sPath = below(sPath, sName);
                 break;
             }
     return sPath;

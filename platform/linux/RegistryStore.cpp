@@ -89,7 +89,8 @@ private:
 
 [[noreturn]] void throwNoKey()
 {
-    throw RegistryFailure(kInvalidCall, kRegistryInvalidParameter, "That is no registry key or no value of one.");
+    throw RegistryFailure(kInvalidCall, kRegistryInvalidParameter,
+                          "That is no registry key or no value of one.");
 }
 
 } // namespace
@@ -174,6 +175,7 @@ void RegistryStore::apply(const std::vector<RegistryChange>& changes)
             touched.push_back(database.get());
 
     std::vector<std::unique_ptr<SqliteTransaction>> transactions;
+    transactions.reserve(touched.size());
     for (RegistryDatabase* database : touched)
         transactions.push_back(database->beginWriting());
     for (const RegistryChange& change : changes)

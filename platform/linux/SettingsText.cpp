@@ -132,6 +132,7 @@ std::vector<std::pair<std::string, std::string>> SettingsText::list(std::string_
                 if (line.key)
                     rows.try_emplace(upperCase(*line.key), *line.key, line.sValue);
     std::vector<std::pair<std::string, std::string>> result;
+    result.reserve(rows.size());
     for (auto& [folded, row] : rows)
         result.push_back(std::move(row));
     return result;

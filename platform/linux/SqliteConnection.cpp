@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include <thread>
+
 namespace zorvo {
 
 namespace {
@@ -125,7 +127,19 @@ void SqliteConnection::Close::operator()(sqlite3* connection) const
     sqlite3_close_v2(connection);
 }
 
+/// Asks again every few milliseconds: the library's own waits grow to a tenth of a second, in which a busy
+/// neighbour takes the lock a dozen times.
+int SqliteConnection::waitForLock(void* patience, int tries)
+{
+    constexpr std::chrono::milliseconds kPause(2);
+    if (tries * kPause >= *static_cast<const std::chrono::milliseconds*>(patience))
+        return 0;
+    std::this_thread::sleep_for(kPause);
+    return 1;
+}
+
 SqliteConnection::SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds patience)
+    : patience_(std::make_unique<std::chrono::milliseconds>(patience))
 {
     const int create = mode == Mode::createIfMissing ? SQLITE_OPEN_CREATE : 0;
     sqlite3* connection = nullptr;
@@ -134,7 +148,7 @@ SqliteConnection::SqliteConnection(const std::string& file, Mode mode, std::chro
     connection_.reset(connection);
     if (code != SQLITE_OK)
         fail(code, file);
-    sqlite3_busy_timeout(connection, static_cast<int>(patience.count()));
+    sqlite3_busy_handler(connection, &SqliteConnection::waitForLock, patience_.get());
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
 }

@@ -72,6 +72,9 @@ private:
     struct Close {
         void operator()(sqlite3* connection) const;
     };
+    static int waitForLock(void* patience, int tries);
+
+    std::unique_ptr<std::chrono::milliseconds> patience_; // at one place, where the library finds it
     std::unique_ptr<sqlite3, Close> connection_;
 };
 

@@ -74,6 +74,7 @@ int startDetached(const std::string& program, const std::vector<std::string>& ar
     std::vector<std::string> texts{program};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);
@@ -113,7 +114,7 @@ std::string findProgram(const std::string& name)
     const std::string folders = path != nullptr ? path : "/usr/local/bin:/usr/bin:/bin";
     for (std::size_t at = 0; at <= folders.size();) {
         const std::size_t end = std::min(folders.find(':', at), folders.size());
-        const std::string file = folders.substr(at, end - at) + '/' + name;
+        std::string file = folders.substr(at, end - at) + '/' + name;
         if (file.front() == '/' && end > at && canRun(file))
             return file;
         at = end + 1;

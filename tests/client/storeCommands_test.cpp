@@ -116,7 +116,8 @@ TEST_F(CommandTest, RegistryValuesOfEachTypeAreSetAndShown)
         std::string name = type;
         std::transform(name.begin(), name.end(), name.begin(),
                        [](char c) { return static_cast<char>(toupper(c)); });
-        EXPECT_EQ(registry({"list", "HKCU\\K"}).out, "v\t" + name + "\t" + listed + "\n");
+        const std::string line = std::string("v\t").append(name).append("\t").append(listed).append("\n");
+        EXPECT_EQ(registry({"list", "HKCU\\K"}).out, line);
     }
 }
 
@@ -134,7 +135,8 @@ TEST_F(CommandTest, RegistryDataThatDoesNotFitItsTypeFails)
                                                           {"REG_QWORD", "18446744073709551616"},
                                                           {"REG_BINARY", "0"},
                                                           {"REG_BINARY", "0g"}})
-        expectFailure(registry({"set", "HKCU\\K", "v", text, "--type", type}), text + " is no " + type + ".");
+        expectFailure(registry({"set", "HKCU\\K", "v", text, "--type", type}),
+                      std::string(text).append(" is no ").append(type).append("."));
     expectFailure(registry({"list", "HKCU\\K"}), "There is no registry key HKCU\\K.");
 }
 

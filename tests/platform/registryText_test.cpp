@@ -286,7 +286,7 @@ TEST(RegistryText, ATextTooLargeForAValueIsDamage)
 TEST(RegistryText, AHexValueWithoutEndIsGivenUpOn)
 {
     std::string lines = kKey + "\"a\"=hex:";
-    for (std::size_t bytes = 0; bytes < 3 * kLargestRegistryValue; bytes += 4096) {
+    for (std::size_t bytes = 0; bytes <= 2 * kLargestRegistryValue; bytes += 4096) {
         for (int byte = 0; byte < 4096; ++byte)
             lines += "0,";
         lines += "\\\n";

@@ -217,8 +217,9 @@ TEST_F(SettingsFileTest, AWriterThatHoldsTheLockForGoodIsGivenUpOn)
 TEST_F(SettingsFileTest, TwoProcessesWriteAThousandSettingsEachAndLoseNone)
 {
     constexpr int kSettings = 1000;
+    const TemporaryFolder memory(TemporaryFolder::Place::memory);
     const auto writeAll = [&](const std::string& prefix) {
-        SettingsFile own(home, std::chrono::seconds(60));
+        SettingsFile own(memory.path(), std::chrono::seconds(60));
         for (int row = 0; row < kSettings; ++row)
             own.set("App", "S", prefix + std::to_string(row), std::to_string(row));
         return 0;
@@ -227,10 +228,11 @@ TEST_F(SettingsFileTest, TwoProcessesWriteAThousandSettingsEachAndLoseNone)
     ChildProcess second([&] { return writeAll("b"); });
     EXPECT_EQ(first.result(), 0);
     EXPECT_EQ(second.result(), 0);
-    EXPECT_EQ(settings.list("App", "S").size(), 2U * kSettings);
+    SettingsFile written(memory.path());
+    EXPECT_EQ(written.list("App", "S").size(), 2U * kSettings);
     for (const char* prefix : {"a", "b"})
         for (int row = 0; row < kSettings; row += 37)
-            EXPECT_EQ(settings.get("App", "S", prefix + std::to_string(row)), std::to_string(row));
+            EXPECT_EQ(written.get("App", "S", prefix + std::to_string(row)), std::to_string(row));
 }
 
 } // namespace

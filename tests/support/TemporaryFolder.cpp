@@ -1,5 +1,7 @@
 #include "tests/support/TemporaryFolder.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -18,10 +20,16 @@ void putVariable(const std::string& name, const std::optional<std::string>& valu
         unsetenv(name.c_str());
 }
 
+std::filesystem::path parentFolder(TemporaryFolder::Place place)
+{
+    const bool bMemory = place == TemporaryFolder::Place::memory && access("/dev/shm", W_OK) == 0;
+    return bMemory ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
+}
+
 } // namespace
 
-TemporaryFolder::TemporaryFolder()
-    : path_((std::filesystem::temp_directory_path() / "zorvo-test-XXXXXX").string())
+TemporaryFolder::TemporaryFolder(Place place)
+    : path_((parentFolder(place) / "zorvo-test-XXXXXX").string())
 {
     if (mkdtemp(path_.data()) == nullptr)
         throw std::runtime_error("no temporary folder for a test");

@@ -9,7 +9,10 @@ namespace zorvo {
 /// A native folder of a test's own, gone with everything in it when the test ends.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
+    /// `memory` is for tests that write so often that a disk would only slow them down.
+    enum class Place { disk, memory };
+
+    explicit TemporaryFolder(Place place = Place::disk);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
