@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zorvo {
+
+/// What the search of the example library keeps. The tables hold an entry per edition, in the order of the
+/// index, and one unused at the end; they live until the next LoadLibraries. A test makes all of it anew with
+/// `searchState() = SearchState()`.
+struct SearchState {
+    std::vector<std::string> sSWDID;
+    std::vector<std::string> sSWDTitle;
+    std::vector<std::string> sSWDName;
+    /// Extensions, without a point, of the example files and of the result's template.
+    std::vector<std::string> sSWDRdfExt;
+    std::vector<std::string> sSWDTemplate;
+
+    std::vector<bool> bSWDInstalled;
+    /// Folder of the example files, without a closing backslash.
+    std::vector<std::string> sSWDPath;
+    /// The year or version found.
+    std::vector<std::string> sSWDVersion;
+
+    /// Editions in the index.
+    std::int16_t nSWDCount = 0;
+    /// The edition that the user chose.
+    std::int16_t nSWDSelected = 0;
+};
+
+SearchState& searchState();
+
+/// The search itself: it reads the search form, and hides and unloads that form and the wait notice. Empty
+/// while none is installed; the form then offers no search.
+std::function<void()>& searchEngine();
+
+} // namespace zorvo
