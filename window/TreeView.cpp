@@ -43,6 +43,8 @@ TreeView::TreeView(const char* name, QWidget* parent)
             [this](const QModelIndex& index) { nodes_.setExpanded(*TreeModel::nodeAt(index), false); });
     connect(this, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT nodeDoubleClicked(TreeModel::nodeAt(index)); });
+    // Comes after the view's and the selection's own answers to a reset, which were connected by setModel.
+    connect(model_, &TreeModel::modelReset, this, &TreeView::showNodesState);
     connect(model_, &TreeModel::nodeExpandedChanged, this, [this](TreeNode* node) { followExpanded(*node); });
     connect(model_, &TreeModel::nodeSelectionChanged, this,
             [this](TreeNode* node) { followSelected(*node); });
@@ -52,7 +54,8 @@ TreeView::TreeView(const char* name, QWidget* parent)
 
 TreeView::~TreeView()
 {
-    // The nodes go before the base class that looks at them.
+    // The nodes go before the base class that looks at them. No one is told of their end as of a selection.
+    bFollowing_ = true;
     setModel(nullptr);
     delete model_;
 }
@@ -70,15 +73,10 @@ void TreeView::setBackgroundPicture(const PicturePtr& picture)
     setPalette(colours);
 }
 
-void TreeView::reset()
-{
-    QTreeView::reset();
-    if (model() && !model_->isResetting())
-        showNodesState();
-}
-
 void TreeView::showNodesState()
 {
+    if (model_->isResetting())
+        return;
     const QScopedValueRollback following(bFollowing_, true);
     for (int i = 1; i <= nodes_.count(); ++i) {
         const TreeNode& node = nodes_.item(i);
@@ -118,6 +116,8 @@ void TreeView::selectionChanged(const QItemSelection& selected, const QItemSelec
         return;
     takeSelection(deselected, false);
     takeSelection(selected, true);
+    if (currentIndex().isValid())
+        nodes_.makeCurrent(*TreeModel::nodeAt(currentIndex()));
     tellSelected();
 }
 

@@ -31,9 +31,6 @@ Q_SIGNALS:
     void focusGained();
     void focusLost();
 
-public:
-    void reset() override;
-
 protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
