@@ -1,5 +1,6 @@
 #include "window/BandMenu.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -9,6 +10,9 @@ void BandMenu::setSideStrip(const QPixmap& picture)
 {
     strip_ = picture;
     setContentsMargins(strip_.isNull() ? 0 : strip_.deviceIndependentSize().toSize().width(), 0, 0, 0);
+    // A menu measures its lines again only for a new style.
+    QEvent styleChange(QEvent::StyleChange);
+    changeEvent(&styleChange);
     update();
 }
 
