@@ -1,0 +1,150 @@
+#include "tests/window/WindowTest.h"
+#include "window/StatusPanels.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <gmock/gmock.h>
+
+namespace zorvo {
+namespace {
+
+class StatusPanelsTest : public testing::Test {
+protected:
+    StatusPanelsTest()
+        : bar_("sbZorvoBrendle", &window_)
+    {
+        auto* layout = new QVBoxLayout(&window_);
+        layout->addWidget(&bar_);
+        window_.resize(800, 100);
+    }
+
+    void buildSix()
+    {
+        for (int i = 0; i < 5; ++i)
+            bar_.addPanel();
+        const PanelStyle styles[] = {PanelStyle::date, PanelStyle::time, PanelStyle::caps, PanelStyle::num,
+                                     PanelStyle::insert};
+        for (int nPanel = 2; nPanel <= 6; ++nPanel) {
+            bar_.setPanelStyle(nPanel, styles[nPanel - 2]);
+            bar_.setAlignment(nPanel, Qt::AlignHCenter);
+            bar_.setAutoSize(nPanel, PanelAutoSize::contents);
+            bar_.setWidth(nPanel, 240);
+        }
+        window_.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    }
+
+    /// As a desktop sends it: to the window, not to a widget.
+    void pressKey(Qt::Key key) { QTest::keyClick(window_.windowHandle(), key); }
+
+    QWidget window_;
+    StatusPanels bar_;
+};
+
+TEST_F(StatusPanelsTest, ComesWithOneTextPanel)
+{
+    EXPECT_EQ(bar_.count(), 1);
+    EXPECT_EQ(bar_.addPanel(), 2);
+    EXPECT_EQ(errorNumberOf([&] { bar_.panel(0); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { bar_.setText(3, {}); }), 9);
+}
+
+TEST_F(StatusPanelsTest, TheFirstPanelTakesAllTheRoomUntilItHasAWidth)
+{
+    buildSix();
+    QCoreApplication::processEvents();
+    EXPECT_GT(bar_.panel(1).width(), 300);
+    bar_.setWidth(1, 3000);
+    EXPECT_TRUE(waitUntil([&] { return bar_.panel(1).width() == 200; }));
+    EXPECT_EQ(bar_.panelWidth(1), 3000);
+    window_.resize(1200, 100);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar_.panel(1).width(), 200);
+}
+
+TEST_F(StatusPanelsTest, PanelsStandInOrderAndFitTheirContents)
+{
+    buildSix();
+    QCoreApplication::processEvents();
+    for (int nPanel = 2; nPanel <= 6; ++nPanel) {
+        EXPECT_GT(bar_.panel(nPanel).x(), bar_.panel(nPanel - 1).x());
+        EXPECT_GE(bar_.panel(nPanel).width(),
+                  bar_.panel(nPanel).fontMetrics().horizontalAdvance(bar_.panel(nPanel).text()));
+        EXPECT_TRUE(bar_.panel(nPanel).isVisible());
+    }
+}
+
+TEST_F(StatusPanelsTest, ALongTextDoesNotWidenTheWindow)
+{
+    buildSix();
+    const int nLeast = window_.minimumSizeHint().width();
+    bar_.setText(QString(500, u'x'));
+    EXPECT_EQ(window_.minimumSizeHint().width(), nLeast);
+    EXPECT_LT(bar_.panel(6).geometry().right(), bar_.width());
+}
+
+TEST_F(StatusPanelsTest, KeepsTextAsGiven)
+{
+    bar_.setText(QStringLiteral(" Please wait . ."));
+    EXPECT_EQ(bar_.text(), QStringLiteral(" Please wait . ."));
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral(" Please wait . ."));
+}
+
+TEST_F(StatusPanelsTest, AHintStandsInPlaceOfTheTextForATime)
+{
+    bar_.setText(QStringLiteral("own"));
+    bar_.showHint(QStringLiteral("hint"));
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("hint"));
+    EXPECT_EQ(bar_.text(), QStringLiteral("own"));
+    bar_.setText(QStringLiteral("new"));
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("hint"));
+    bar_.showHint({});
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("new"));
+}
+
+TEST_F(StatusPanelsTest, EveryPanelHasANameOfItsOwn)
+{
+    buildSix();
+    EXPECT_EQ(accessibleText(bar_.panel(1)), "Status");
+    bar_.setText(QStringLiteral("Ready"));
+    EXPECT_EQ(accessibleText(bar_.panel(1)), "Ready");
+    EXPECT_THAT(accessibleText(bar_.panel(4)), testing::HasSubstr("Caps"));
+    EXPECT_THAT(accessibleText(bar_.panel(5)), testing::HasSubstr("Num"));
+    EXPECT_THAT(accessibleText(bar_.panel(6)), testing::HasSubstr("Ins"));
+    EXPECT_NE(accessibleText(bar_.panel(2)), "");
+    EXPECT_NE(accessibleText(bar_.panel(3)), "");
+    EXPECT_EQ(accessibleRole(bar_), QAccessible::StatusBar);
+}
+
+TEST_F(StatusPanelsTest, ShowsDateAndTimeInTheLocalesShortForm)
+{
+    buildSix();
+    const QLocale locale = QLocale::system();
+    // The minute may turn between the two looks.
+    EXPECT_TRUE(
+        waitUntil([&] {
+            return bar_.panel(3).text() == locale.toString(QTime::currentTime(), QLocale::ShortFormat);
+        }) ||
+        bar_.panel(3).text() == locale.toString(QTime::currentTime().addSecs(-60), QLocale::ShortFormat));
+    EXPECT_EQ(bar_.panel(2).text(), locale.toString(QDate::currentDate(), QLocale::ShortFormat));
+}
+
+TEST_F(StatusPanelsTest, LocksFollowTheKeys)
+{
+    buildSix();
+    EXPECT_EQ(accessibleText(bar_.panel(4)), "Caps Lock off");
+    pressKey(Qt::Key_CapsLock);
+    EXPECT_EQ(accessibleText(bar_.panel(4)), "Caps Lock on");
+    EXPECT_EQ(accessibleText(bar_.panel(5)), "Num Lock off");
+    pressKey(Qt::Key_NumLock);
+    pressKey(Qt::Key_Insert);
+    EXPECT_EQ(accessibleText(bar_.panel(5)), "Num Lock on");
+    EXPECT_EQ(accessibleText(bar_.panel(6)), "Insert on");
+    pressKey(Qt::Key_CapsLock);
+    EXPECT_EQ(accessibleText(bar_.panel(4)), "Caps Lock off");
+}
+
+} // namespace
+} // namespace zorvo
