@@ -59,9 +59,11 @@ void addRegistry(const Product& product, int nYears, const std::string& sProgram
     const Hive hive = product.nNumber % 10 == 9 ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
     const std::string sKey = "Software\\Zorvo\\" + product.sGroup() + "\\" + product.sKey;
     machine.registry.push_back({hive, sKey, "Title", numbered("Generated Product ", product.nNumber)});
-    for (int n = 0; n < nYears; ++n)
-        machine.registry.push_back({hive, sKey + "\\" + product.sYear(n) + "\\InstallDefaults", "AppPath2",
-                                    yearFolder(sProgramFolder, product, n)});
+    for (int n = 0; n < nYears; ++n) {
+        std::string sYearKey = sKey;
+        sYearKey.append("\\").append(product.sYear(n)).append("\\InstallDefaults");
+        machine.registry.push_back({hive, sYearKey, "AppPath2", yearFolder(sProgramFolder, product, n)});
+    }
 }
 
 std::string groupStart(const std::string& sTitle)

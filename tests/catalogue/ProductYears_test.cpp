@@ -123,6 +123,8 @@ TEST_F(ListProductYearsTest, CannotRaiseTheHighestYearWithAValueOfZeroOrBelow)
     addKey(HKEY_LOCAL_MACHINE, "P\\0");
     addKey(HKEY_LOCAL_MACHINE, "P\\0.4");
     EXPECT_EQ(summary(scan()), "-3 False False;0 False True;0.4 False True;");
+    addKey(HKEY_LOCAL_MACHINE, "Q\\-3");
+    EXPECT_EQ(summary(scan("Q")), "-3 False False;");
 }
 
 TEST_F(ListProductYearsTest, DropsAnEntryThatIsNotNumeric)
