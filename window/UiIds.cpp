@@ -8,8 +8,7 @@ namespace {
 
 bool areIdsWanted()
 {
-    static const bool bWanted = qEnvironmentVariable("ZORVOBRENDLE_UI_IDS") == QLatin1String("1");
-    return bWanted;
+    return qEnvironmentVariable("ZORVOBRENDLE_UI_IDS") == QLatin1String("1");
 }
 
 bool hasNameOfItsOwn(const QWidget& widget)
