@@ -3,7 +3,6 @@
 #include "catalogue/EngagementHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "catalogue/forms/frmEngagementList.h"
-#include "creation/forms/QtCreationForms.h"
 #include "search/ShowSearchForm.h"
 #include "shell/Settings.h"
 #include "shell/ShellForms.h"
@@ -19,6 +18,13 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+
+/// Pictures of a static library come in by name; outside any namespace, as the macro wants it.
+static void initPictures()
+{
+    Q_INIT_RESOURCE(shellPictures);
+    Q_INIT_RESOURCE(supportPictures);
+}
 
 namespace zorvo {
 
@@ -85,17 +91,13 @@ public:
 
 void installQtForms()
 {
+    initPictures();
     static QtShellForms forms;
     static QtMainFormGate gate;
     shellState().forms = &forms;
     mainFormGate() = &gate;
     engagementHost() = {[] { SaveSettings(); }, [] { templateTree().get().SetTBState(false, true); }};
     supportHost() = {[] { return templateTree().get().caption(); }};
-    installQtCreationForms({[](const std::string& sInstanceName) {
-                                singleInstance().get().setInstanceName(sInstanceName);
-                                singleInstance().get().showModeless();
-                            },
-                            [] { singleInstance().unload(); }});
 }
 
 } // namespace zorvo

@@ -220,6 +220,7 @@ void TemplateTree::runLoadSteps()
     LoadTree(TreeView1_->nodes(), &lbMain_->groups(), false, false);
     buildStatusBar();
     SetTBState(false, false);
+    clearDescription();
     tools_.setVisible("ID_PRODVERSION", true);
     EnsureHTMLHelp(static_cast<std::uintptr_t>(winId()));
     sessionState().gbLoading = true;
@@ -364,6 +365,12 @@ void TemplateTree::setNewDocumentEnabled(bool bEnabled)
 void TemplateTree::setDescription(const std::string& caption)
 {
     lblDesc_->setCaption(QString::fromStdString(caption));
+}
+
+void TemplateTree::clearDescription()
+{
+    setNewDocumentEnabled(false);
+    setDescription({});
 }
 
 void TemplateTree::setStatusText(const QString& text)

@@ -83,6 +83,8 @@ private:
     void restoreGeometry();
     void storeGeometry();
     void RebrandToolbars();
+    /// As with nothing selected: a tree that was filled anew has no selection.
+    void clearDescription();
     void setToolStates();
     void setViewTo(bool bCurrentOnly);
     void newWordDocument();

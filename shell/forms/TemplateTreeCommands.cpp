@@ -165,8 +165,10 @@ void TemplateTree::SetTBState(bool bReadSettings, bool bLoadTree)
     if (bReadSettings)
         LoadSettings();
     setToolStates();
-    if (bLoadTree)
+    if (bLoadTree) {
         LoadTree(tree(), &lbMain_->groups(), false, false);
+        clearDescription();
+    }
     sessionState().gbLoading = false;
     goMousePointer().setMousePointer(0);
 }
