@@ -27,6 +27,16 @@ bool hasBusAddress()
     return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
 }
 
+/// With a release that has reached the bus when the handle is gone: `brendle` may end right after it.
+std::shared_ptr<DBusRemoteObject> surelyReleased(std::shared_ptr<DBusRemoteObject> object)
+{
+    DBusRemoteObject* plain = object.get();
+    return {plain, [held = std::move(object)](DBusRemoteObject*) mutable {
+                held.reset();
+                flushBus(QDBusConnection::sessionBus());
+            }};
+}
+
 } // namespace
 
 QDBusConnection requiredSessionBus()
@@ -45,7 +55,7 @@ std::shared_ptr<DBusRemoteObject> createProgramObject(const std::string& progId)
 {
     const QDBusConnection bus = requiredSessionBus();
     ensureServer(bus, kBusName, QCoreApplication::applicationDirPath() + QStringLiteral("/zorvobrendle"));
-    return DBusRemoteObject::create(bus, kBusName, QString::fromStdString(progId));
+    return surelyReleased(DBusRemoteObject::create(bus, kBusName, QString::fromStdString(progId)));
 }
 
 std::shared_ptr<DBusRemoteObject> createAnyObject(const std::string& progId)
@@ -54,7 +64,7 @@ std::shared_ptr<DBusRemoteObject> createAnyObject(const std::string& progId)
         return createProgramObject(progId);
     requiredSessionBus();
     DBusObjectCreator creator(std::make_shared<RegistryStore>());
-    return std::dynamic_pointer_cast<DBusRemoteObject>(creator.createByProgId(progId));
+    return surelyReleased(std::dynamic_pointer_cast<DBusRemoteObject>(creator.createByProgId(progId)));
 }
 
 ServerEnd::ServerEnd(const DBusRemoteObject& object)

@@ -16,8 +16,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr int kFlushMilliseconds = 5000;
-
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
 const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
 const QString kLocal = QStringLiteral("org.freedesktop.DBus.Local");
@@ -290,9 +288,7 @@ void DBusClassServer::answerAll()
     for (const OpenCall& call : openCalls_)
         send(call.message, emptySuccess(call.message, *call.operation, call.arguments));
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    // The bus takes messages in order: when it answers this, it has the replies.
-    const QDBusMessage ping = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, QStringLiteral("GetId"));
-    bus_.call(ping, QDBus::Block, kFlushMilliseconds);
+    flushBus(bus_);
 }
 
 QString DBusClassServer::introspect(const QString& path) const

@@ -19,6 +19,7 @@ namespace zorvo {
 
 namespace {
 
+constexpr int kFlushMilliseconds = 5000;
 constexpr std::chrono::seconds kServerMayStart{20};
 constexpr std::chrono::milliseconds kLookAtProcess{50};
 
@@ -103,6 +104,15 @@ QDBusMessage methodCall(const QString& service, const QString& path, const QStri
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, member);
     call.setArguments(arguments);
     return call;
+}
+
+void flushBus(const QDBusConnection& bus)
+{
+    // The bus takes messages in order: when it answers this one, it has those before.
+    const QString name = QStringLiteral("org.freedesktop.DBus");
+    const QDBusMessage ping = QDBusMessage::createMethodCall(name, QStringLiteral("/org/freedesktop/DBus"),
+                                                             name, QStringLiteral("GetId"));
+    bus.call(ping, QDBus::Block, kFlushMilliseconds);
 }
 
 QString ownerOf(const QDBusConnection& bus, const QString& busName)

@@ -26,6 +26,9 @@ void wakeNestedLoops();
 QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
                         const QString& member, const QVariantList& arguments = {});
 
+/// Returns when the bus has taken all that was sent so far, or after a few seconds.
+void flushBus(const QDBusConnection& bus);
+
 /// Unique name of the process that has the name now; empty when none has it.
 QString ownerOf(const QDBusConnection& bus, const QString& busName);
 

@@ -176,7 +176,7 @@ TEST_F(Brendle, ExplainsEachSubcommand)
 TEST_F(Brendle, CallConvertsArgumentsByTheOperationsTypes)
 {
     const QString kProgId = QStringLiteral("Test.Probe");
-    const auto call = [&](QStringList arguments) {
+    const auto call = [&](const QStringList& arguments) {
         return brendle(QStringList{QStringLiteral("call"), kProgId} + arguments);
     };
     EXPECT_EQ(call({QStringLiteral("Echo"), QStringLiteral("two words")}).sOut, "two words\n");
