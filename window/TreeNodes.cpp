@@ -93,13 +93,8 @@ TreeNodes::~TreeNodes() = default;
 TreeNode& TreeNodes::add(const std::string& sRelative, const std::string& sKey, const std::string& sText,
                          int nImage, int nTag)
 {
-    TreeNode* parent = nullptr;
-    if (!sRelative.empty()) {
-        parent = find(sRelative);
-        if (!parent)
-            throw RunTimeError(kElementNotFound, "Element not found");
-    }
-    if (find(sKey))
+    TreeNode* parent = relative(sRelative);
+    if (!sKey.empty() && find(sKey))
         throw RunTimeError(kKeyAlreadyUsed);
 
     std::vector<TreeNode*>& siblings = parent ? parent->children_ : roots_;
@@ -117,10 +112,22 @@ TreeNode& TreeNodes::add(const std::string& sRelative, const std::string& sKey, 
     order_.push_back(node);
     node->nIndex_ = count();
     if (!sKey.empty())
-        byKey_.emplace(node->sKey_, node);
+        byKey_.insert(*node);
     if (TreeNodesListener* told = toldOneByOne())
         told->nodeAdded();
     return *node;
+}
+
+/// Null for a root.
+TreeNode* TreeNodes::relative(const std::string& sRelative)
+{
+    if (sRelative.empty())
+        return nullptr;
+    if (!lastRelative_ || lastRelative_->sKey_ != sRelative)
+        lastRelative_ = find(sRelative);
+    if (!lastRelative_)
+        throw RunTimeError(kElementNotFound, "Element not found");
+    return lastRelative_;
 }
 
 TreeNode& TreeNodes::item(int index)
@@ -137,8 +144,7 @@ const TreeNode& TreeNodes::item(int index) const
 
 TreeNode* TreeNodes::find(std::string_view sKey) const
 {
-    const auto found = byKey_.find(sKey);
-    return found == byKey_.end() ? nullptr : found->second;
+    return sKey.empty() ? nullptr : byKey_.find(sKey);
 }
 
 void TreeNodes::remove(TreeNode& node)
@@ -192,6 +198,7 @@ void TreeNodes::drop(const std::vector<bool>& marked)
             siblings[i]->nRow_ = static_cast<int>(i);
     }
 
+    lastRelative_ = nullptr;
     std::erase_if(selection_, isMarked);
     std::erase_if(order_, isMarked);
     for (std::size_t i = 0; i < order_.size(); ++i)
@@ -200,7 +207,7 @@ void TreeNodes::drop(const std::vector<bool>& marked)
         if (node->bSelected_)
             --nSelected_;
         if (!node->sKey_.empty())
-            byKey_.erase(node->sKey_);
+            byKey_.erase(*node);
         if (node == current_)
             current_ = nullptr;
         storage_->giveBack(node);
@@ -213,6 +220,7 @@ void TreeNodes::clear()
 {
     const Bulk bulk(*this);
     byKey_.clear();
+    lastRelative_ = nullptr;
     roots_.clear();
     order_.clear();
     selection_.clear();

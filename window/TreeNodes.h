@@ -1,11 +1,11 @@
 #pragma once
 
 #include "window/ImageList.h"
+#include "window/KeyIndex.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 /// The contents of a tree control, free of any widget: a view shows them through a model that listens here.
@@ -135,12 +135,15 @@ private:
     void deselect(TreeNode& node);
     void remember(TreeNode& node);
     TreeNode* lastSelected();
+    TreeNode* relative(const std::string& sRelative);
     TreeNodesListener* toldOneByOne() const;
 
     ImageList images_;
     std::vector<TreeNode*> order_;
     std::vector<TreeNode*> roots_;
-    std::unordered_map<std::string_view, TreeNode*> byKey_;
+    KeyIndex byKey_;
+    /// The relative of the last node: its siblings mostly come right behind it.
+    TreeNode* lastRelative_ = nullptr;
     std::unique_ptr<Storage> storage_;
     /// In the order of selection. A node may stand there more than once, and after its deselection.
     std::vector<TreeNode*> selection_;
