@@ -49,7 +49,8 @@ QSize StatusPanel::minimumSizeHint() const
 void StatusPanel::paintEvent(QPaintEvent* event)
 {
     QLabel::paintEvent(event);
-    if (x() == 0)
+    // Nothing stands before the first one.
+    if (x() < kSpacing)
         return;
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Mid));

@@ -14,8 +14,17 @@ namespace zorvo {
 
 namespace {
 
-/// The clock looks again at the next minute, but not later than this, in case the machine's time was set.
+/// The clock looks again when its text changes, but not later than this, in case the machine's time was set.
 constexpr int kLongestClockWaitMs = 10000;
+
+int msToNextClockText()
+{
+    const QTime now = QTime::currentTime();
+    const int nToNextSecond = 1000 - now.msec();
+    if (QLocale::system().timeFormat(QLocale::ShortFormat).contains(u's'))
+        return nToNextSecond;
+    return std::min((59 - now.second()) * 1000 + nToNextSecond, kLongestClockWaitMs);
+}
 
 bool isLockStyle(PanelStyle style)
 {
@@ -168,9 +177,7 @@ void StatusPanels::showClock()
     showAll();
     if (locks_)
         locks_->refresh();
-    const QTime now = QTime::currentTime();
-    const int nToNextMinute = (60 - now.second()) * 1000 - now.msec();
-    clock_.start(std::min(nToNextMinute, kLongestClockWaitMs));
+    clock_.start(msToNextClockText());
 }
 
 } // namespace zorvo

@@ -122,13 +122,18 @@ TEST_F(StatusPanelsTest, ShowsDateAndTimeInTheLocalesShortForm)
 {
     buildSix();
     const QLocale locale = QLocale::system();
-    // The minute may turn between the two looks.
-    EXPECT_TRUE(
-        waitUntil([&] {
-            return bar_.panel(3).text() == locale.toString(QTime::currentTime(), QLocale::ShortFormat);
-        }) ||
-        bar_.panel(3).text() == locale.toString(QTime::currentTime().addSecs(-60), QLocale::ShortFormat));
+    const auto timeNow = [&] { return locale.toString(QTime::currentTime(), QLocale::ShortFormat); };
+    EXPECT_TRUE(waitUntil([&] { return bar_.panel(3).text() == timeNow(); }));
     EXPECT_EQ(bar_.panel(2).text(), locale.toString(QDate::currentDate(), QLocale::ShortFormat));
+}
+
+TEST_F(StatusPanelsTest, TheClockGoesOn)
+{
+    buildSix();
+    if (!QLocale::system().timeFormat(QLocale::ShortFormat).contains(u's'))
+        GTEST_SKIP() << "the locale's short time has no seconds, so its next text is up to a minute away";
+    const QString before = bar_.panel(3).text();
+    EXPECT_TRUE(waitUntil([&] { return bar_.panel(3).text() != before; }));
 }
 
 TEST_F(StatusPanelsTest, LocksFollowTheKeys)
