@@ -1,6 +1,8 @@
 #include "client/brendle.h"
 
 #include "client/CallCommand.h"
+#include "client/CreateCommand.h"
+#include "client/CreateOptions.h"
 #include "client/RegistryCommand.h"
 #include "client/SettingCommand.h"
 #include "client/exitCodes.h"
@@ -34,6 +36,13 @@ constexpr Command kCommands[] = {
      "Prints the product status document: with all offerings, of the Tessora products only.",
      runStatusCommand},
     {"treeorder", "", "Prints the path of the tree order file in use.", runTreeOrderCommand},
+    {"create", kCreateArguments,
+     "Makes documents from templates in a folder, unattended, and prints a line for each.\n"
+     "FOLDER is made when it isn't there; no file in it is ever written over. FILE is a selection as a\n"
+     "partner's session hands it over. NAME is the document's name in the catalogue, * all of the "
+     "product's.\n"
+     "--json prints one JSON object instead. The exit code is 1 when a document failed.",
+     runCreateCommand},
     {"call", "PROGID OPERATION [ARG ...]",
      "Calls any operation of a registered class and prints each result on a line of its own.\n"
      "An ARG is text, a number, true or false, as the operation takes it; an array is [first,second] or a\n"

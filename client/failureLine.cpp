@@ -2,11 +2,11 @@
 
 namespace zorvo {
 
-std::string failureLine(const RunTimeError& error)
+std::string oneLine(std::string_view sText)
 {
-    std::string sLine = "Error " + std::to_string(error.number()) + " - ";
+    std::string sLine;
     bool bGap = false;
-    for (const char c : error.description()) {
+    for (const char c : sText) {
         if (c == '\r' || c == '\n') {
             bGap = true;
             continue;
@@ -17,6 +17,11 @@ std::string failureLine(const RunTimeError& error)
         sLine += c;
     }
     return sLine;
+}
+
+std::string failureLine(const RunTimeError& error)
+{
+    return "Error " + std::to_string(error.number()) + " - " + oneLine(error.description());
 }
 
 } // namespace zorvo

@@ -8,12 +8,12 @@ namespace zorvo {
 
 /// One template, as a selection document tells it.
 struct SelectedDocument {
-    std::string sTitle;
+    std::string sTitle = {};
     /// Full path of the template.
-    std::string sFileName;
+    std::string sFileName = {};
     /// Product type and edition.
-    std::string sType;
-    std::string sYear;
+    std::string sType = {};
+    std::string sYear = {};
 };
 
 inline constexpr const char* kSelectionStart = "<Documents>";
