@@ -83,8 +83,8 @@ std::string treeOrder(const std::vector<Product>& products, int nEdition)
         if (nInGroup == 0)
             sText += groupStart(numbered("Group ", nGroup)) + groupStart(numbered("Nested group ", nGroup));
         const std::string sKey = products[static_cast<std::size_t>(n)].sKey;
-        sText += "<Acronymn numProdClassID=\"" + std::to_string(1000 + n) + "\" Name=\"Offering " + sKey +
-                 "\">" + sKey + "</Acronymn>\n";
+        sText.append("<Acronymn numProdClassID=\"").append(std::to_string(1000 + n));
+        sText.append("\" Name=\"Offering ").append(sKey).append("\">").append(sKey).append("</Acronymn>\n");
         const bool bLast = n + 1 == nCount;
         if (nInGroup + 1 == kProductsOfNestedGroup || (bLast && nInGroup < kProductsOfNestedGroup))
             sText += "</ProductTreeGroup>\n";
