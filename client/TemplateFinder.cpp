@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/text.h"
+#include "branding/companyIdentity.h"
 #include "catalogue/clsZorvoProductStatus.h"
 #include "platform/machineAccess.h"
 #include "platform/xmlFiles.h"
@@ -90,8 +91,11 @@ const TemplateFinder::ProductYear& TemplateFinder::productYear(const TemplateNam
         const bool bKey = !matching(products_, [&](const ProductYear& product) {
                                return equalNoCase(product.sKey, name.sProductKey);
                            }).empty();
-        fail(bKey ? "The product " + name.sProductKey + " has no year " + name.sVersion + " on this machine"
-                  : "There is no product " + name.sProductKey + " on this machine");
+        const std::string sCompany =
+            GetCompanyID() == kDefaultCompany ? "" : " for the company " + GetCompanyID();
+        fail((bKey ? "The product " + name.sProductKey + " has no year " + name.sVersion
+                   : "There is no product " + name.sProductKey) +
+             " on this machine" + sCompany);
     }
     for (const ProductYear* product : found) {
         if (product->sKey != found.front()->sKey || product->sVersion != found.front()->sVersion)

@@ -100,6 +100,12 @@ TEST_F(CreateCommandTest, FailsWhatItCannotFindAndLosesNothingElse)
     EXPECT_EQ(run.nExit, 1);
 }
 
+TEST_F(CreateCommandTest, LooksForProductsOfTheCompany)
+{
+    EXPECT_EQ(createInOut({"AUDT/2007/*", "--company", "OTR"}).out,
+              "AUDT/2007/* -> FAILED: There is no product AUDT on this machine for the company OTR\n");
+}
+
 TEST_F(CreateCommandTest, PrefersTheNameInItsOwnCase)
 {
     addProduct("CS", "2007", document("Note", "Lower.dot") + document("NOTE", "Upper.dot"));
