@@ -14,6 +14,13 @@ struct RegistryValue {
     std::string sData;
 };
 
+/// The types whose bytes are text: UTF-8 in the store, UTF-16 elsewhere.
+inline bool isTextType(RegistryType type)
+{
+    return type == RegistryType::string || type == RegistryType::expandString ||
+           type == RegistryType::multiString;
+}
+
 /// One change of the registry; several are made together or not at all.
 struct RegistryChange {
     enum class Kind { makeKey, deleteKey, setValue, deleteValue };

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "platform/linux/RegistryStore.h"
 #include "platform/linux/RegistryText.h"
+#include "platform/linux/RegistryTextWriter.h"
 #include "platform/registryNames.h"
 
 namespace zorvo {

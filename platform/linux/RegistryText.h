@@ -2,7 +2,6 @@
 
 #include "platform/linux/RegistryChange.h"
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -22,26 +21,11 @@
 ///     [-HKEY_CURRENT_USER\Software\Old]           deletes the key with all below it
 namespace zorvo {
 
+/// The first line of the newer form.
+constexpr std::string_view kRegistryTextHeader = "Windows Registry Editor Version 5.00";
+
 /// The changes that the text stands for, in its order. UTF-16 with or without a byte order mark, UTF-8, and
 /// for REGEDIT4 also windows-1252. Throws RunTimeError 5 whose description is "line 12: what is wrong there".
 std::vector<RegistryChange> parseRegistryText(std::string_view bytes);
-
-/// Builds a text of the 5.00 form, UTF-8 with single line feeds.
-class RegistryTextWriter {
-public:
-    RegistryTextWriter();
-
-    void key(const std::string& sFullKey);
-    void value(const RegistryValue& value);
-
-    const std::string& text() const { return text_; }
-    /// The form that other systems expect in a file: UTF-16 little endian with a byte order mark, CR LF.
-    std::string utf16() const;
-
-private:
-    void hex(const std::string& prefix, const std::string& data);
-
-    std::string text_;
-};
 
 } // namespace zorvo

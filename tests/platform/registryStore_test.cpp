@@ -202,8 +202,10 @@ TEST_F(RegistryStoreFiles, ADamagedFileIsToldAndLeftAlone)
 
 TEST_F(RegistryStoreFiles, AFileCutShortIsTold)
 {
+    constexpr int kKeys = 200;
     std::vector<RegistryChange> changes;
-    for (int row = 0; row < 200; ++row)
+    changes.reserve(kKeys);
+    for (int row = 0; row < kKeys; ++row)
         changes.push_back(
             {RegistryChange::Kind::makeKey, HKEY_CURRENT_USER, "Key" + std::to_string(row), {}});
     store().apply(changes);

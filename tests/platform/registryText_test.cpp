@@ -1,6 +1,7 @@
 #include "platform/linux/RegistryText.h"
 
 #include "base/RunTimeError.h"
+#include "platform/linux/RegistryTextWriter.h"
 #include "platform/linux/characterSets.h"
 
 #include <gtest/gtest.h>
