@@ -1,10 +1,7 @@
 #include "creation/forms/QtCreationForms.h"
 
-#include "branding/BrandedMsgBox.h"
-#include "creation/creationState.h"
 #include "creation/forms/frmProgressForm.h"
 #include "creation/forms/frmSaveFolderDialog.h"
-#include "window/messageBox.h"
 
 #include <utility>
 
@@ -23,8 +20,6 @@ void QtCreationForms::showSingleInstance(const std::string& sInstanceName)
 void QtCreationForms::unloadSingleInstance()
 {
     box_.unload();
-    if (!creationState().sMissingOffice.empty())
-        BrandedMsgBox(creationState().sMissingOffice, kMsgExclamation);
 }
 
 SaveFolderDialog& QtCreationForms::saveFolderDialog()

@@ -22,7 +22,6 @@ public:
     explicit QtCreationForms(SingleInstanceBox box);
 
     void showSingleInstance(const std::string& sInstanceName) override;
-    /// Also tells, when it is so, that the application for the document isn't on this machine.
     void unloadSingleInstance() override;
     SaveFolderDialog& saveFolderDialog() override;
     void runBatch(const DocumentBatch& batch) override;

@@ -3,6 +3,7 @@
 #include "catalogue/EngagementHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "catalogue/forms/frmEngagementList.h"
+#include "creation/forms/QtCreationForms.h"
 #include "search/ShowSearchForm.h"
 #include "shell/Settings.h"
 #include "shell/ShellForms.h"
@@ -98,6 +99,11 @@ void installQtForms()
     mainFormGate() = &gate;
     engagementHost() = {[] { SaveSettings(); }, [] { templateTree().get().SetTBState(false, true); }};
     supportHost() = {[] { return templateTree().get().caption(); }};
+    installQtCreationForms({[](const std::string& sInstanceName) {
+                                singleInstance().get().setInstanceName(sInstanceName);
+                                singleInstance().get().showModeless();
+                            },
+                            [] { singleInstance().unload(); }});
 }
 
 } // namespace zorvo

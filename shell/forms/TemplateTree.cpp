@@ -51,8 +51,6 @@ constexpr std::int16_t kDefaultPointer = 0;
 
 /// The right column: the instructions begin this far from the window's right edge.
 constexpr int kRightColumnTwips = 4720;
-/// What the status bar's first panel leaves to the others.
-constexpr int kOtherPanelsTwips = 3200;
 constexpr int kPanelTwips = 240;
 
 constexpr QSize kDefaultSize{1060, 700};
@@ -118,6 +116,7 @@ void TemplateTree::buildDescription()
     lblContactUsClickLinkInstructions_ =
         new MnemonicLabel("lblContactUsClickLinkInstructions", QStringLiteral("Click the following link to "),
                           fraInstructions_);
+    lblContactUsClickLinkInstructions_->setWordWrap(false); // the link ends its line
     linkContactUs_ = new LinkLabel("linkContactUs", QStringLiteral("Contact Us"), fraInstructions_);
 
     fraDesc_ = new QGroupBox(QStringLiteral("Description"), this);
@@ -232,9 +231,9 @@ void TemplateTree::runLoadSteps()
     RebrandToolbars();
     SetTaskManagerPicture(*this, picForTaskManager_);
     linkContactUs_->setCursor(Qt::PointingHandCursor);
-    TreeView1_->setFocus();
     sessionState().gbLoading = false;
     goMousePointer().setMousePointer(kDefaultPointer);
+    TreeView1_->setFocus(); // only now: a form that is disabled by the busy pointer takes no focus
 }
 
 void TemplateTree::buildStatusBar()
