@@ -1,5 +1,6 @@
 #include "creation/ProcessSelectedDocs.h"
 #include "platform/ObjectService.h"
+#include "platform/Office.h"
 #include "platform/Platform.h"
 #include "platform/linux/DBusObjectCreator.h"
 #include "platform/linux/DBusObjectService.h"
@@ -20,7 +21,6 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zorvobrendle"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Brendle"));
     QApplication::setDesktopFileName(QStringLiteral("com.zorvo.TSelector"));
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -29,6 +29,9 @@ int main(int argc, char** argv)
     platform().objects = std::make_shared<DBusObjectCreator>(platform().registry);
     platform().service = std::make_shared<DBusObjectService>();
     platform().office = makeLibreOffice();
+    // While the office suite works the windows stay painted and the waiting box runs; clicks and keys wait.
+    platform().office->setIdleWork(
+        [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
     installErrorReporter();
     installSelectionConsumer();
     installQtForms();
