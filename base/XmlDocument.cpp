@@ -1,13 +1,11 @@
 #include "base/XmlDocument.h"
 
 #include "base/RunTimeError.h"
+#include "base/xmlParsing.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <libxml/xpath.h>
 
-#include <limits>
 #include <utility>
 
 namespace zorvo {
@@ -40,26 +38,9 @@ struct XPathObjectDeleter {
 struct XPathExpressionDeleter {
     void operator()(xmlXPathCompExpr* expression) const { xmlXPathFreeCompExpr(expression); }
 };
-struct ParserDeleter {
-    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
-};
 struct BufferDeleter {
     void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
 };
-
-/// Entities of other files are never declared, so nothing can make the parser open one.
-void declareInternalEntity(void* parser, const xmlChar* name, int type, const xmlChar* publicId,
-                           const xmlChar* systemId, xmlChar* content)
-{
-    if (type == XML_INTERNAL_GENERAL_ENTITY || type == XML_INTERNAL_PARAMETER_ENTITY)
-        xmlSAX2EntityDecl(parser, name, type, publicId, systemId, content);
-}
-
-/// The parser takes a zero character behind the root for the end of the text.
-bool isReadToItsEnd(const xmlParserCtxt& context)
-{
-    return context.input && context.input->cur == context.input->end;
-}
 
 bool isOfName(const xmlNode& node, std::string_view name)
 {
@@ -212,35 +193,14 @@ std::string XmlNode::xml() const
 
 bool XmlDocument::loadXML(std::string_view text)
 {
-    return parse(text, "UTF-8");
+    document_ = parseXml(text, "UTF-8");
+    return !isEmpty();
 }
 
 bool XmlDocument::loadBytes(std::string_view bytes)
 {
-    return parse(bytes, nullptr);
-}
-
-bool XmlDocument::parse(std::string_view bytes, const char* encoding)
-{
-    document_.reset();
-    if (bytes.empty() || bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-        return false;
-    const std::unique_ptr<xmlParserCtxt, ParserDeleter> context(xmlNewParserCtxt());
-    if (!context)
-        throw std::bad_alloc();
-    context->sax->entityDecl = declareInternalEntity;
-    // XML_PARSE_HUGE is left out on purpose: a catalogue from outside must not exhaust the machine. Entities
-    // are replaced as they are read, since the parser limits their growth only then.
-    constexpr int kOptions =
-        XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
-    xmlDoc* parsed = xmlCtxtReadMemory(context.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                                       encoding, kOptions);
-    if (!parsed)
-        return false;
-    document_.reset(parsed, xmlFreeDoc);
-    if (!context->wellFormed || !isReadToItsEnd(*context))
-        document_.reset();
-    return document_ != nullptr;
+    document_ = parseXml(bytes, nullptr);
+    return !isEmpty();
 }
 
 XmlNode XmlDocument::documentElement() const

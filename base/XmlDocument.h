@@ -88,8 +88,6 @@ public:
     std::string xml() const;
 
 private:
-    bool parse(std::string_view bytes, const char* encoding);
-
     std::shared_ptr<_xmlDoc> document_;
 };
 
