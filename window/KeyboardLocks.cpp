@@ -68,7 +68,7 @@ bool KeyboardLocks::eventFilter(QObject* watched, QEvent* event)
             take(key->key());
         else if (isLockKey(key->key()))
             refresh();
-    } else if (event->type() == QEvent::ApplicationActivate) {
+    } else if (event->type() == QEvent::FocusIn && watched->isWindowType()) {
         refresh();
     }
     return false;
