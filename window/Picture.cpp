@@ -33,7 +33,7 @@ std::shared_ptr<Picture> Picture::fromBytes(std::string_view bytes)
     QBuffer buffer(&content);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
-    const std::shared_ptr<Picture> picture(new Picture);
+    std::shared_ptr<Picture> picture(new Picture);
     const int nImages = reader.supportsAnimation() ? 1 : std::max(reader.imageCount(), 1);
     for (int i = 0; i < nImages; ++i) {
         if (i > 0 && !reader.jumpToImage(i))

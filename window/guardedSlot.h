@@ -14,20 +14,43 @@ namespace zorvo {
 /// which ends and throws it to its caller; elsewhere it is recorded and reported. True when there was none.
 bool runGuarded(QObject* source, const std::function<void()>& work);
 
-/// A slot that does `work` guarded. `work` takes all arguments of the signal, or none.
+/// `Work` takes all arguments of a signal, or none.
+template <typename Work, typename... Arguments>
+concept SlotWork = std::is_invocable_v<const Work&, Arguments...> || std::is_invocable_v<const Work&>;
+
+template <typename Work>
+class GuardedSlot {
+public:
+    GuardedSlot(QObject* source, Work work)
+        : source_(source)
+        , work_(std::move(work))
+    {
+    }
+
+    template <typename... Arguments>
+    requires SlotWork<Work, Arguments...>
+    void operator()(Arguments&&... arguments) const
+    {
+        runGuarded(source_, [&] {
+            if constexpr (std::is_invocable_v<const Work&, Arguments...>)
+                work_(arguments...);
+            else
+                work_();
+        });
+    }
+
+private:
+    QPointer<QObject> source_;
+    Work work_;
+};
+
+/// A slot that does `work` guarded.
 ///
 ///   connect(cmdOK, &QPushButton::clicked, this, guardedSlot(this, [this] { cmdOK_Click(); }));
 template <typename Work>
-auto guardedSlot(QObject* source, Work work)
+GuardedSlot<Work> guardedSlot(QObject* source, Work work)
 {
-    return [guarded = QPointer<QObject>(source), work = std::move(work)](auto&&... arguments) -> void {
-        runGuarded(guarded, [&] {
-            if constexpr (std::is_invocable_v<const Work&, decltype(arguments)...>)
-                work(arguments...);
-            else
-                work();
-        });
-    };
+    return {source, std::move(work)};
 }
 
 } // namespace zorvo
