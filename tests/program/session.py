@@ -1,0 +1,246 @@
+"""A whole session for tests of the real programs: a home of its own, a virtual display with a window manager, a session
+bus that knows the programs of a build tree, and the accessibility bus to read and press what a person would."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+SOURCE = os.environ["ZORVO_SOURCE"]
+BUILD = os.environ["ZORVO_BUILD"]
+
+BUS_CONFIG = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig><type>session</type><listen>unix:dir={folder}</listen><standard_session_servicedirs/>
+<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
+<allow own="*"/></policy></busconfig>"""
+
+
+def wait_for(what, condition, seconds=15.0):
+    """Asks until the answer is true and gives it; fails with `what` after that many seconds."""
+    end = time.monotonic() + seconds
+    while True:
+        try:
+            answer = condition()
+        except gi.repository.GLib.Error:  # an accessible that has just gone
+            answer = None
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise AssertionError("waited %.0f s in vain for %s" % (seconds, what))
+        time.sleep(0.05)
+
+
+class Session:
+    """Display and bus live for all tests of a file, since the accessibility library connects once in a process; the
+    home is made anew for each test by `new_home`."""
+
+    def __init__(self):
+        self.folder = tempfile.mkdtemp(prefix="zb-")
+        self.processes = []
+        self.env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "ZORVOBRENDLE_", "DBUS_"))}
+        self.env.update(
+            LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1",
+            NO_AT_BRIDGE="0", XDG_RUNTIME_DIR=self.folder + "/run", XDG_DATA_DIRS=BUILD + "/share:/usr/share",
+            PATH=BUILD + "/bin:" + os.environ["PATH"])
+        self.env.pop("WAYLAND_DISPLAY", None)
+        os.makedirs(self.folder + "/run", mode=0o700)
+        self._start_display()
+        self._start_bus()
+
+    def _start_display(self):
+        read, write = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset"],
+                    pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as number:
+            self.env["DISPLAY"] = ":" + number.readline().strip()
+        self._start(["openbox"])
+
+    def _start_bus(self):
+        config = self.folder + "/bus.conf"
+        with open(config, "w", encoding="utf-8") as file:
+            file.write(BUS_CONFIG.format(folder=self.folder))
+        # The environment of the bus is what the services that it starts inherit: it stands in the folder of the home.
+        self.home = self.folder + "/home"
+        self.env.update(HOME=self.home, XDG_CONFIG_HOME=self.home + "/config", XDG_DATA_HOME=self.home + "/data",
+                        XDG_CACHE_HOME=self.home + "/cache", ZORVOBRENDLE_MACHINE_DIR=self.home + "/machine",
+                        ZORVOBRENDLE_UI_IDS="1")
+        self.new_home()
+        bus = self._start(["dbus-daemon", "--config-file=" + config, "--print-address", "--nofork"],
+                          stdout=subprocess.PIPE)
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        os.environ.update(self.env)
+        Atspi.init()
+
+    def _start(self, command, **options):
+        options.setdefault("stdout", subprocess.DEVNULL)
+        process = subprocess.Popen(command, env=self.env, stderr=subprocess.DEVNULL, **options)
+        self.processes.append(process)
+        return process
+
+    def new_home(self, splash=False):
+        shutil.rmtree(self.home, ignore_errors=True)
+        for name in ("config", "data", "cache", "machine", "Documents"):
+            os.makedirs(os.path.join(self.home, name))
+        with open(self.home + "/config/user-dirs.dirs", "w", encoding="utf-8") as file:
+            file.write('XDG_DOCUMENTS_DIR="$HOME/Documents"\n')
+        self.brendle("registry", "import", BUILD + "/program/sample.reg")
+        if not splash:
+            self.brendle("setting", "set", "DisplaySplash", "False")
+
+    def end(self):
+        self.end_program()
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait(10)
+            if process.stdout:
+                process.stdout.close()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # The command
+
+    def brendle(self, *arguments, check=True, env=None):
+        """Runs `brendle` to its end and gives the finished process with its output as text."""
+        result = subprocess.run(["brendle", *arguments], env={**self.env, **(env or {})}, capture_output=True,
+                                text=True, encoding="utf-8", timeout=60)
+        if check and result.returncode != 0:
+            raise AssertionError("brendle %s: %d %s" % (" ".join(arguments), result.returncode, result.stderr))
+        return result
+
+    def start_brendle(self, *arguments):
+        return subprocess.Popen(["brendle", *arguments], env=self.env, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True)
+
+    def setting(self, key):
+        result = self.brendle("setting", "get", key, check=False)
+        return result.stdout.rstrip("\n") if result.returncode == 0 else None
+
+    # The process
+
+    def owner(self, name="com.zorvo.TSelector"):
+        """Process id of the owner of a bus name, or None."""
+        result = subprocess.run(
+            ["dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
+             "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:" + name],
+            env=self.env, capture_output=True, text=True)
+        return int(result.stdout.split()[-1]) if result.returncode == 0 else None
+
+    def wait_for_end(self, seconds=15.0):
+        wait_for("the end of the program", lambda: self.owner() is None, seconds)
+
+    def end_program(self):
+        process = self.owner()
+        if process:
+            os.kill(process, 15)
+            wait_for("the killed program to go", lambda: self.owner() is None)
+
+    # The screen
+
+    def key(self, *keys):
+        for key in keys:
+            subprocess.run(["xdotool", "key", "--delay", "40", key], env=self.env, check=True)
+            time.sleep(0.08)
+
+    def screenshot(self, name):
+        folder = BUILD + "/test-screenshots"
+        os.makedirs(folder, exist_ok=True)
+        subprocess.run(["scrot", "--overwrite", "%s/%s.png" % (folder, name)], env=self.env, check=False)
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child and child.get_process_id() == self.owner():
+                child.clear_cache()
+                return child
+        return None
+
+    def window(self, form, seconds=15.0):
+        """The showing window of a form's name."""
+        def find():
+            application = self.application()
+            for i in range(application.get_child_count() if application else 0):
+                window = application.get_child_at_index(i)
+                if window and window.get_description() == "#" + form and showing(window):
+                    return window
+            return None
+        return wait_for("the window " + form, find, seconds)
+
+    def active_window(self, form):
+        """The same once it has the keyboard."""
+        window = self.window(form)
+        wait_for("the keyboard to reach " + form,
+                 lambda: (window.clear_cache(), window.get_state_set().contains(Atspi.StateType.ACTIVE))[1])
+        return window
+
+    def has_window(self, form):
+        application = self.application()
+        for i in range(application.get_child_count() if application else 0):
+            window = application.get_child_at_index(i)
+            if window and window.get_description() == "#" + form and showing(window):
+                return True
+        return False
+
+    def box(self):
+        """The showing message box: its label texts joined."""
+        def find():
+            application = self.application()
+            for i in range(application.get_child_count() if application else 0):
+                window = application.get_child_at_index(i)
+                if window and showing(window) and window.get_role() in (Atspi.Role.ALERT, Atspi.Role.DIALOG) \
+                        and not window.get_description().startswith("#frm"):
+                    return window
+            return None
+        return wait_for("a message box", find)
+
+
+def showing(accessible):
+    return accessible.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def descendants(accessible, limit=4000):
+    stack = [accessible]
+    while stack and limit:
+        limit -= 1
+        node = stack.pop()
+        if node is None:
+            continue
+        yield node
+        for i in reversed(range(node.get_child_count())):
+            stack.append(node.get_child_at_index(i))
+
+
+def control(window, name):
+    """The control of that object name."""
+    for node in descendants(window):
+        if node.get_description() == "#" + name:
+            return node
+    raise AssertionError("no control " + name)
+
+
+def names(window, role):
+    return [node.get_name() for node in descendants(window) if node.get_role() == role]
+
+
+def enabled(accessible):
+    accessible.clear_cache()
+    return accessible.get_state_set().contains(Atspi.StateType.ENABLED)
+
+
+def press(accessible):
+    """The first action that presses it, as an assistive program would."""
+    for i in range(accessible.get_n_actions()):
+        if accessible.get_action_name(i).lower() in ("press", "toggle", "click"):
+            try:
+                accessible.do_action(i)
+            except gi.repository.GLib.Error:  # what was pressed ended the program before the answer
+                pass
+            return
+    raise AssertionError("nothing to press on " + accessible.get_name())
