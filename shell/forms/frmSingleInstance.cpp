@@ -21,7 +21,7 @@ namespace zorvo {
 namespace {
 constexpr int kTickMs = 250;
 constexpr int kPictureSize = 32;
-constexpr int kNameWidth = 320;
+constexpr int kNameWidth = 440;
 } // namespace
 
 frmSingleInstance::frmSingleInstance()

@@ -37,7 +37,8 @@ constexpr const char* kLibrary = R"(<Library>
 <Document Guid="d5"><Name>Guide</Name><File>Guide.dot</File></Document></Product>
 </Library>)";
 
-constexpr const char* kCaptions = R"(<Captions><TemplateTreeCaptions><DialogTitle>Title of the document</DialogTitle>
+constexpr const char* kCaptions =
+    R"(<Captions><TemplateTreeCaptions><DialogTitle>Title of the document</DialogTitle>
 </TemplateTreeCaptions><Web><ContactUs>http://contact.example</ContactUs><OnTheWeb1>http://faq.example</OnTheWeb1>
 <OnTheWeb2>http://one.example</OnTheWeb2><OnTheWeb3>http://two.example</OnTheWeb3>
 <QuickTour>http://tour.example</QuickTour><MyAccount>http://account.example</MyAccount></Web></Captions>)";
@@ -70,7 +71,8 @@ MainFormTest::MainFormTest()
     for (const char* sYear : {"2005", "2006"})
         registerYear(*fakes.registry, "AUD", sYear);
     registerYear(*fakes.registry, "SablewoodLibrary", "2006");
-    for (const char* sFile : {"AUD2006\\Memo.dot", "AUD2006\\Balance.xlt", "AUD2006\\Letter.dot", "AUD2005\\Old.dot"})
+    for (const char* sFile :
+         {"AUD2006\\Memo.dot", "AUD2006\\Balance.xlt", "AUD2006\\Letter.dot", "AUD2005\\Old.dot"})
         fakes.files->addFile(std::string("C:\\T\\") + sFile, "template");
 
     installQtForms();

@@ -15,7 +15,8 @@
 
 namespace zorvo {
 
-/// The real main form on a fake machine with one group, two years of an audit product and one library product:
+/// The real main form on a fake machine with one group, two years of an audit product and one library
+/// product:
 ///
 ///   Tessora
 ///     Audit 2006: folder Planning (Memo.dot, Balance.xlt), document Letter.dot

@@ -57,8 +57,8 @@ TEST_F(TemplateTreeTest, LoadingFillsTreeAndListBarWithTheCurrentYears)
 {
     EXPECT_EQ(shellState().gfrmMain, nullptr);
     EXPECT_EQ(shellState().gfrmMain, &form());
-    EXPECT_THAT(treeTexts(), ElementsAre("Tessora", "Audit", "Planning", "Planning memo", "Trial balance", "Letter",
-                                         "Sablewood Libraries", "Library 2006", "Guide"));
+    EXPECT_THAT(treeTexts(), ElementsAre("Tessora", "Audit", "Planning", "Planning memo", "Trial balance",
+                                         "Letter", "Sablewood Libraries", "Library 2006", "Guide"));
     EXPECT_EQ(form().findChild<ListBar*>()->groups().count(), 3);
 }
 
@@ -181,7 +181,8 @@ TEST_F(TemplateTreeTest, NewDocumentMakesTheSelectedDocumentVisibleAndUnsaved)
     shownForm();
     select("d1");
     toolbarAction("ID_NEW")->trigger();
-    EXPECT_THAT(office->calls(), testing::Contains(HasSubstr("Word.Documents.Add \"C:\\T\\AUD2006\\MEMO.DOT\"")));
+    EXPECT_THAT(office->calls(),
+                testing::Contains(HasSubstr("Word.Documents.Add \"C:\\T\\AUD2006\\MEMO.DOT\"")));
     EXPECT_THAT(office->calls(), testing::Not(testing::Contains(HasSubstr("SaveAs"))));
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
 }
@@ -194,7 +195,8 @@ TEST_F(TemplateTreeTest, ADoubleClickOnADocumentMakesItAndOnAFolderDoesNot)
     EXPECT_TRUE(office->calls().empty());
     select("d2");
     Q_EMIT view->nodeDoubleClicked(form().tree().find("d2"));
-    EXPECT_THAT(office->calls(), testing::Contains(HasSubstr("Excel.Workbooks.Add \"C:\\T\\AUD2006\\BALANCE.XLT\"")));
+    EXPECT_THAT(office->calls(),
+                testing::Contains(HasSubstr("Excel.Workbooks.Add \"C:\\T\\AUD2006\\BALANCE.XLT\"")));
 }
 
 TEST_F(TemplateTreeTest, WithoutAnOfficeSuiteTheStatusBarSaysWhatIsMissing)
@@ -231,12 +233,14 @@ TEST_F(TemplateTreeTest, InAPartnersSessionNewDocumentHandsTheSelectionOverAndEn
     select("d2");
     EXPECT_THROW(form().OKbtn_Click(), ProcessEnded);
     EXPECT_TRUE(office->calls().empty());
-    EXPECT_EQ(platform().files->read(sDFSMarkerPath()),
-              "\"<Documents><Document><Title><![CDATA[Planning memo]]></Title><FileName>"
-              "<![CDATA[C:\\T\\AUD2006\\Memo.dot]]></FileName><Type><![CDATA[TSR]]></Type><Year><![CDATA[2006]]></Year>"
-              "</Document><Document><Title><![CDATA[Trial balance]]></Title><FileName>"
-              "<![CDATA[C:\\T\\AUD2006\\Balance.xlt]]></FileName><Type><![CDATA[TSR]]></Type><Year><![CDATA[2006]]>"
-              "</Year></Document></Documents>\"\r\n");
+    EXPECT_EQ(
+        platform().files->read(sDFSMarkerPath()),
+        "\"<Documents><Document><Title><![CDATA[Planning memo]]></Title><FileName>"
+        "<![CDATA[C:\\T\\AUD2006\\Memo.dot]]></FileName><Type><![CDATA[TSR]]></Type><Year><![CDATA[2006]]></"
+        "Year>"
+        "</Document><Document><Title><![CDATA[Trial balance]]></Title><FileName>"
+        "<![CDATA[C:\\T\\AUD2006\\Balance.xlt]]></FileName><Type><![CDATA[TSR]]></Type><Year><![CDATA[2006]]>"
+        "</Year></Document></Documents>\"\r\n");
 }
 
 TEST_F(TemplateTreeTest, ClosingDropsWhatTheFormHeldAndEndsTheProcess)
