@@ -347,6 +347,13 @@ void RecordedOffice::throwIfAsked(const std::string& sLine)
 
 RecordingOffice::RecordingOffice() = default;
 
+RecordingOffice::~RecordingOffice()
+{
+    // The add-ins remember the documents that they were given, and these hold the add-ins.
+    for (const auto& [sProgId, object] : state_->addInObjects)
+        object->calls.clear();
+}
+
 std::shared_ptr<WordApplication> RecordingOffice::createWord()
 {
     state_->record("Create Word.Application");

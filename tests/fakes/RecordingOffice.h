@@ -63,6 +63,9 @@ struct RecordedOffice {
 class RecordingOffice : public Office {
 public:
     RecordingOffice();
+    ~RecordingOffice() override;
+    RecordingOffice(const RecordingOffice&) = delete;
+    RecordingOffice& operator=(const RecordingOffice&) = delete;
 
     std::shared_ptr<WordApplication> createWord() override;
     std::shared_ptr<ExcelApplication> createExcel() override;
