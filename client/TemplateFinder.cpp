@@ -60,7 +60,7 @@ std::vector<SelectedDocument> TemplateFinder::find(const TemplateName& name) con
 {
     const ProductYear& product = productYear(name);
     const std::string sProduct = product.sKey + " " + product.sVersion;
-    const auto documents = documentsOf(product);
+    auto documents = documentsOf(product);
     if (documents.empty())
         fail("The catalogue has no documents of " + sProduct);
     if (name.sName == "*")
