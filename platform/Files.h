@@ -7,10 +7,10 @@
 
 namespace zorvo {
 
-/// The edge to the file system. Paths are in the backslash form with a drive; names match without regard to case
-/// where no exact match exists, and a new name is created as spelled. "/" is taken for "\".
-/// What can't be done throws RunTimeError: 53 file not found, 70 permission denied, 75 access error, 76 path not
-/// found. Nothing is written half: a replaced file is replaced whole or stays as it was.
+/// The edge to the file system. Paths are in the backslash form with a drive; names match without regard to
+/// case where no exact match exists, and a new name is created as spelled. "/" is taken for "\". What can't
+/// be done throws RunTimeError: 53 file not found, 70 permission denied, 75 access error, 76 path not found.
+/// Nothing is written half: a replaced file is replaced whole or stays as it was.
 class Files {
 public:
     struct Entry {
@@ -39,7 +39,8 @@ public:
     virtual void clearAttributes(const std::string& path) = 0;
     /// One level. A folder that exists is a failure (75).
     virtual void makeFolder(const std::string& path) = 0;
-    /// Names in the folder in the system's own order, "." and ".." left out. A folder that isn't there is empty.
+    /// Names in the folder in the system's own order, "." and ".." left out. A folder that isn't there is
+    /// empty.
     virtual std::vector<Entry> list(const std::string& folder) = 0;
 
     /// The native form of a backslash path, existing names in their real spelling.

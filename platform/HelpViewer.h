@@ -8,7 +8,13 @@ namespace zorvo {
 /// The viewer of compiled help, a program of its own.
 class HelpViewer {
 public:
-    enum Command { kDisplayTopic = 0, kDisplayContents = 1, kDisplayIndex = 2, kContext = 15, kCloseAll = 18 };
+    enum Command {
+        kDisplayTopic = 0,
+        kDisplayContents = 1,
+        kDisplayIndex = 2,
+        kContext = 15,
+        kCloseAll = 18
+    };
 
     virtual ~HelpViewer() = default;
 

@@ -11,13 +11,13 @@ public:
 
     virtual ~Launcher() = default;
 
-    /// `target` is an address or a backslash path. The code is the platform's: above 32 is success. Nothing is
-    /// raised: callers do not look.
+    /// `target` is an address or a backslash path. The code is the platform's: above 32 is success. Nothing
+    /// is raised: callers do not look.
     virtual int open(const std::string& target, const std::string& parameters, const std::string& directory,
                      Show show) = 0;
 
-    /// Starts a command line with a normal window and doesn't wait. Throws RunTimeError 53 when there is no such
-    /// program.
+    /// Starts a command line with a normal window and doesn't wait. Throws RunTimeError 53 when there is no
+    /// such program.
     virtual void start(const std::string& commandLine) = 0;
 };
 

@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-/// Word and Excel, with the members that the program calls. Every member may throw RunTimeError: the callers skip
-/// a failing call statement by statement. File names are backslash paths.
+/// Word and Excel, with the members that the program calls. Every member may throw RunTimeError: the callers
+/// skip a failing call statement by statement. File names are backslash paths.
 ///
 /// An application object is always a separate one: it never attaches to documents that the user has open in
 /// other objects. Making it and reading its version start no process.
@@ -34,8 +34,8 @@ public:
     virtual OfficeAddIn addIn(int index) = 0;
     virtual void setAddInInstalled(int index, bool bInstalled) = 0;
 
-    /// `COMAddIns(progId).Object`: the add-in object inside the running application. Throws RunTimeError when the
-    /// application has no such add-in.
+    /// `COMAddIns(progId).Object`: the add-in object inside the running application. Throws RunTimeError when
+    /// the application has no such add-in.
     virtual LateBoundPtr comAddIn(const std::string& progId) = 0;
 
     /// `ActiveWindow.ActivePane.Activate`.

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-/// What the program asks of a machine: all ports in one place. A program installs the adaptors of its platform at
-/// its start, a test its fakes.
+/// What the program asks of a machine: all ports in one place. A program installs the adaptors of its
+/// platform at its start, a test its fakes.
 namespace zorvo {
 
 class Files;

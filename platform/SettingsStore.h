@@ -7,8 +7,8 @@
 
 namespace zorvo {
 
-/// The user's settings: application, section, key, all texts. Every call goes to the store, since another process
-/// may have written meanwhile.
+/// The user's settings: application, section, key, all texts. Every call goes to the store, since another
+/// process may have written meanwhile.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;

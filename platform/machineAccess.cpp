@@ -90,7 +90,8 @@ void MakeNestedFolder(const std::string& sPath)
     const auto makeLevel = [&files](const std::string& sLevel) {
         try {
             files.makeFolder(sLevel);
-        } catch (const RunTimeError&) { // a level that exists just fails; the last one's absence is seen later
+        } catch (
+            const RunTimeError&) { // a level that exists just fails; the last one's absence is seen later
         }
     };
     // The search starts past a drive root such as `C:\`.

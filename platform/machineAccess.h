@@ -5,15 +5,15 @@
 #include <optional>
 #include <string>
 
-/// How all the program finds its folders, reads single registry values and touches files: plain logic over the
-/// ports. Paths are in the backslash form.
+/// How all the program finds its folders, reads single registry values and touches files: plain logic over
+/// the ports. Paths are in the backslash form.
 namespace zorvo {
 
 /// The program folder; empty after a failure, which is reported with advice to the user.
 std::string GetZorvoPath(bool bAddBackslash);
 
-/// The user's documents folder with `sSub` joined on goes to `sPath`. `bCreate`, given with whatever value, makes
-/// the folder. On any failure `sPath` is empty and the result false.
+/// The user's documents folder with `sSub` joined on goes to `sPath`. `bCreate`, given with whatever value,
+/// makes the folder. On any failure `sPath` is empty and the result false.
 bool bGetDocsFolder(std::string& sPath, const std::optional<std::string>& sSub = {},
                     std::optional<bool> bCreate = {});
 

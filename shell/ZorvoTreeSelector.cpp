@@ -22,6 +22,25 @@ void raiseMainForm()
     shellState().gfrmMain->setTmEventInterval(kRequestRaise);
 }
 
+/// The splash for as long as the wait lasts. Another client's request may end the wait in the timer's place,
+/// and nobody else would then take the splash and its busy pointer away.
+class SplashOnScreen {
+public:
+    explicit SplashOnScreen(ShellForms& forms) { forms.showSplash(); }
+    ~SplashOnScreen() { endSplash(); }
+    SplashOnScreen(const SplashOnScreen&) = delete;
+    SplashOnScreen& operator=(const SplashOnScreen&) = delete;
+};
+
+/// The splash's busy pointer loads the main form, hidden, so that the tree fills behind the picture.
+void waitBehindSplash(ShellForms& forms)
+{
+    const SplashOnScreen splash(forms);
+    forms.mainForm().setTmEventInterval(kRequestSplashWait);
+    while (forms.mainForm().tmEventInterval() != 0)
+        forms.processPendingEvents();
+}
+
 } // namespace
 
 void ZorvoTreeSelector::ShowTreeDirectly()
@@ -33,13 +52,8 @@ void ZorvoTreeSelector::ShowTreeDirectly()
         return;
     }
     ShellForms& forms = *shellState().forms;
-    if (sessionState().bDisplaySplash) {
-        // The splash's busy pointer loads the main form, hidden, so that the tree fills behind the picture.
-        forms.showSplash();
-        forms.mainForm().setTmEventInterval(kRequestSplashWait);
-        while (forms.mainForm().tmEventInterval() != 0)
-            forms.processPendingEvents();
-    }
+    if (sessionState().bDisplaySplash)
+        waitBehindSplash(forms);
     forms.showMainForm();
 }
 

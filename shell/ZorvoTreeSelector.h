@@ -6,14 +6,16 @@
 
 namespace zorvo {
 
-/// The automation class that clients begin with. It has no state of its own and catches nothing: a failure goes back
-/// to the client. It never moves a window from inside a client's call: it leaves a request in the main form's timer,
-/// and the timer's handler acts on it after the call has returned.
+/// The automation class that clients begin with. It has no state of its own and catches nothing: a failure
+/// goes back to the client. It never moves a window from inside a client's call: it leaves a request in the
+/// main form's timer, and the timer's handler acts on it after the call has returned.
 class ZorvoTreeSelector : public AutomationObject {
 public:
-    /// Shows the main window, or raises it. The first time a splash may come first, and the call stays until it goes.
+    /// Shows the main window, or raises it. The first time a splash may come first, and the call stays until
+    /// it goes.
     void ShowTreeDirectly();
-    /// Shows the main window for a partner's suite that wants the selection back. Reads no settings, has no splash.
+    /// Shows the main window for a partner's suite that wants the selection back. Reads no settings, has no
+    /// splash.
     void ShowTreeDFS();
     /// Lets the user choose an engagement, and hands the choice over. Returns when the user has chosen.
     void ShowEngagementListDFS();

@@ -1,6 +1,5 @@
 #include "shell/eventMailbox.h"
 
-#include "base/RunTimeError.h"
 #include "shell/MainForm.h"
 #include "shell/ShellForms.h"
 #include "shell/shellState.h"
@@ -13,8 +12,8 @@ void handleEventTimer(MainForm& form)
     form.setTmEventInterval(0);
     switch (nRequest) {
     case kRequestRaise:
-        // Top-most for a moment: the window comes to the front without staying there and without taking the focus
-        // from inside another process's call.
+        // Top-most for a moment: the window comes to the front without staying there and without taking the
+        // focus from inside another process's call.
         form.SetWindowTopMost(true);
         form.setTmEventInterval(kRequestEndRaise);
         break;
@@ -25,10 +24,15 @@ void handleEventTimer(MainForm& form)
         form.unloadForm();
         break;
     default:
-        try {
-            shellState().forms->unloadSplash();
-        } catch (const RunTimeError&) { // a splash that is gone already is what was wanted
-        }
+        endSplash();
+    }
+}
+
+void endSplash()
+{
+    try {
+        shellState().forms->unloadSplash();
+    } catch (...) { // the window is gone all the same
     }
 }
 

@@ -6,8 +6,9 @@ namespace zorvo {
 
 namespace {
 
-/// `first` is always a first child. The walk goes by the numbers between it and its last sibling, whatever lies
-/// there: in the collection's order those are the siblings and all below them, so that a node may be touched twice.
+/// `first` is always a first child. The walk goes by the numbers between it and its last sibling, whatever
+/// lies there: in the collection's order those are the siblings and all below them, so that a node may be
+/// touched twice.
 void expandCollapseLevel(TreeNodes& tree, TreeNode& first, bool bExpand)
 {
     const int nLast = first.parent()->children().back()->index();

@@ -21,12 +21,13 @@ struct MainGeometry {
     std::optional<WindowPlace> place;
 };
 
-/// What the next window shall look like: a first start and a place that is too small to be meant open maximised, and
-/// a window is never restored as minimised. Throws RunTimeError 6 when a stored number is past 16 bits.
+/// What the next window shall look like: a first start and a place that is too small to be meant open
+/// maximised, and a window is never restored as minimised. Throws RunTimeError 6 when a stored number is past
+/// 16 bits.
 MainGeometry restoreMainGeometry();
 
-/// Stores state and place; a minimised window leaves the stored place as it was. A length past 16 bits is stored as
-/// the largest that fits, so that a large screen can't write what the next start can't read.
+/// Stores state and place; a minimised window leaves the stored place as it was. A length past 16 bits is
+/// stored as the largest that fits, so that a large screen can't write what the next start can't read.
 void saveMainGeometry(WindowState state, const WindowPlace& place);
 
 } // namespace zorvo

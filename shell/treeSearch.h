@@ -26,12 +26,13 @@ public:
     virtual bool askToContinue() = 0;
 };
 
-/// The command: takes a text and walks the tree, selecting each match in turn, until the user has had enough. The
-/// tree selects single nodes meanwhile. The last text isn't kept.
+/// The command: takes a text and walks the tree, selecting each match in turn, until the user has had enough.
+/// The tree selects single nodes meanwhile. The last text isn't kept.
 void SearchTree(TreeNodes& tree, TreeSearchForms& forms);
 
-/// Selects each node whose text contains `sFind`, without regard to case, and asks after each whether to go on.
-/// `bNoMore` is true when the end was reached, false when the user closed at a match, which stays selected.
+/// Selects each node whose text contains `sFind`, without regard to case, and asks after each whether to go
+/// on. `bNoMore` is true when the end was reached, false when the user closed at a match, which stays
+/// selected.
 void SearchTreeNodes(TreeNodes& tree, const std::string& sFind, TreeSearchForms& forms, bool& bNoMore);
 
 } // namespace zorvo

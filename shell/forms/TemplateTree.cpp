@@ -1,5 +1,6 @@
 #include "shell/forms/TemplateTree.h"
 
+#include "base/failure.h"
 #include "base/sessionState.h"
 #include "branding/brandedFiles.h"
 #include "branding/companyIdentity.h"
@@ -76,6 +77,8 @@ TemplateTree::TemplateTree()
 
 TemplateTree::~TemplateTree()
 {
+    if (shellState().gfrmMain == this)
+        shellState().gfrmMain = nullptr;
     ReleaseActXManager();
 }
 
@@ -301,7 +304,7 @@ void TemplateTree::onUnload()
 {
     storeGeometry();
     if (sessionState().bReturnSelection)
-        WriteDFSResult(sessionState().sSelectedDocuments);
+        handSelectionOver();
     ReleaseCatalogDocuments();
     creationState().objWordApp.reset();
     creationState().objExcelApp.reset();
@@ -309,6 +312,17 @@ void TemplateTree::onUnload()
     shellState().gfrmMain = nullptr;
     ReleaseHTMLHelp();
     platform().service->endProcess();
+}
+
+/// An answer that can't be written is told; the form goes all the same, and with it the process.
+void TemplateTree::handSelectionOver()
+{
+    try {
+        WriteDFSResult(sessionState().sSelectedDocuments);
+    } catch (const RunTimeError& error) {
+        recordFailure(error);
+        ReportError();
+    }
 }
 
 bool TemplateTree::onKeyDown(int key, Qt::KeyboardModifiers modifiers)

@@ -82,6 +82,7 @@ private:
     void buildStatusBar();
     void restoreGeometry();
     void storeGeometry();
+    static void handSelectionOver();
     void RebrandToolbars();
     /// As with nothing selected: a tree that was filled anew has no selection.
     void clearDescription();

@@ -19,8 +19,8 @@ public:
 
     /// The name of the document that is being made.
     void setInstanceName(const std::string& sName);
-    /// The window that the box stays above; without one it is the main form. With `bMirrorToMain` the waiting text
-    /// also runs in the main form's first status panel. Starts the dots.
+    /// The window that the box stays above; without one it is the main form. With `bMirrorToMain` the waiting
+    /// text also runs in the main form's first status panel. Starts the dots.
     void SetData(QWidget* owner, bool bMirrorToMain);
 
 protected:

@@ -41,7 +41,7 @@ TEST_F(AddinMenuState, OffInAnyCaseIsOffAndAnythingElseIsOn)
 TEST_F(AddinMenuState, IsCutAtTheFirstZero)
 {
     fakes.registry->setBytes(HKEY_CURRENT_USER, sKey, "TurnOffMenu", RegistryType::string,
-                             std::string("Off\0rest", 9));
+                             std::string("Off\0rest", 8));
     EXPECT_FALSE(GetAddinMenuState());
 }
 

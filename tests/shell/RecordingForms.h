@@ -42,9 +42,13 @@ public:
     {
         journal.push_back("show splash");
         load(); // by the splash's busy pointer
+        bSplashUp = true;
     }
     void unloadSplash() override
     {
+        if (!bSplashUp)
+            return;
+        bSplashUp = false;
         journal.push_back("unload splash");
         if (splashFailure)
             splashFailure();
@@ -54,13 +58,20 @@ public:
         journal.push_back("engagement list");
         return sEngagement;
     }
-    void showAbout() override { journal.push_back("about"); }
+    void showAbout() override
+    {
+        journal.push_back("about");
+        if (onAbout)
+            onAbout();
+    }
     void showHelpContents() override { journal.push_back("help"); }
     void showSearch() override
     {
         journal.push_back("search");
         if (bSearchLoadsMainForm)
             load();
+        if (searchFailure)
+            searchFailure();
     }
     void processPendingEvents() override
     {
@@ -80,10 +91,13 @@ public:
     std::vector<std::string> journal;
     std::string sEngagement;
     std::function<void()> onEvents;
+    std::function<void()> onAbout;
     std::function<void()> splashFailure;
+    std::function<void()> searchFailure;
     int nInterval = 0;
     int nEventRounds = 0;
     bool bShown = false;
+    bool bSplashUp = false;
     bool bSearchLoadsMainForm = false;
 };
 

@@ -1,6 +1,7 @@
 #include "shell/forms/TemplateTree.h"
 
 #include "base/RunTimeError.h"
+#include "base/failure.h"
 #include "base/sessionState.h"
 #include "branding/xmlCaptionLoaderManager.h"
 #include "creation/creationState.h"
@@ -253,6 +254,24 @@ TEST_F(TemplateTreeTest, ClosingDropsWhatTheFormHeldAndEndsTheProcess)
     EXPECT_EQ(treeState().objStatusDoc, nullptr);
     EXPECT_FALSE(bCaptionsLoaded());
     EXPECT_FALSE(bFileExists(sDFSMarkerPath())) << "only a partner's session hands anything over";
+}
+
+TEST_F(TemplateTreeTest, AnAnswerThatCannotBeWrittenIsToldAndTheProcessEndsAllTheSame)
+{
+    ZorvoTreeSelector().ShowTreeDFS();
+    sessionState().sSelectedDocuments = "<Documents/>";
+    fakes.files->failOn(FakeFiles::Operation::write, sDFSMarkerPath(), kPathOrFileAccess);
+    std::vector<std::int32_t> told;
+    const FailureReporter before =
+        setFailureReporter([&told](const auto& /*sTag*/, const auto& /*sMessage*/, const auto& /*bQuiet*/) {
+            told.push_back(gnErrNumber);
+        });
+    closeForm();
+    setFailureReporter(before);
+    EXPECT_THAT(told, ElementsAre(kPathOrFileAccess));
+    EXPECT_EQ(service->nEnded, 1);
+    EXPECT_EQ(shellState().gfrmMain, nullptr);
+    EXPECT_EQ(treeState().objStatusDoc, nullptr);
 }
 
 TEST_F(TemplateTreeTest, TheTimersRequestToUnloadEndsTheProcess)

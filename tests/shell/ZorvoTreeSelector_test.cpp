@@ -1,13 +1,17 @@
 #include "shell/ZorvoTreeSelector.h"
 
+#include "base/RunTimeError.h"
 #include "base/sessionState.h"
 #include "branding/companyIdentity.h"
 #include "platform/machineAccess.h"
+#include "shell/clsAbout.h"
 #include "shell/eventMailbox.h"
 #include "shell/session.h"
 #include "tests/fakes/RecordingObjectService.h"
 #include "tests/fakes/installFakePlatform.h"
 #include "tests/shell/RecordingForms.h"
+#include "window/MainFormGate.h"
+#include "window/clsMousePointer.h"
 
 #include <gmock/gmock.h>
 
@@ -59,6 +63,29 @@ TEST_F(ZorvoTreeSelectorTest, AClickOnTheSplashEndsTheWait)
     selector.ShowTreeDirectly();
     EXPECT_THAT(forms.journal, ElementsAre("show splash", "load main form", "tmEvent 2000", "tmEvent 1",
                                            "tmEvent 0", "unload splash", "show main form"));
+}
+
+TEST_F(ZorvoTreeSelectorTest, ARaiseThatTakesTheSplashsPlaceInTheTimerStillTakesTheSplashAway)
+{
+    forms.onEvents = [this] {
+        if (forms.nEventRounds == 1)
+            selector.ShowTreeDFS();
+        else
+            handleEventTimer(forms);
+    };
+    selector.ShowTreeDirectly();
+    EXPECT_THAT(forms.journal, ElementsAre("show splash", "load main form", "tmEvent 2000", "tmEvent 252",
+                                           "tmEvent 0", "topmost", "tmEvent 250", "tmEvent 0", "not topmost",
+                                           "unload splash", "show main form"));
+    EXPECT_TRUE(sessionState().bReturnSelection) << "the latest request is the session";
+}
+
+TEST_F(ZorvoTreeSelectorTest, AFailureDuringTheWaitGoesToTheClientAndTakesTheSplashAway)
+{
+    forms.onEvents = [] { throw RunTimeError(kOverflow); };
+    EXPECT_THROW(selector.ShowTreeDirectly(), RunTimeError);
+    EXPECT_FALSE(forms.bSplashUp);
+    EXPECT_FALSE(forms.bShown);
 }
 
 TEST_F(ZorvoTreeSelectorTest, ShowTreeDirectlyWithoutSplashShowsTheMainFormAtOnce)
@@ -182,6 +209,74 @@ TEST_F(ZorvoTreeSelectorTest, ASearchWhoseBusyPointerLoadedTheMainFormHiddenUnlo
     selector.searchSWD();
     EXPECT_THAT(forms.journal, ElementsAre("search", "load main form", "tmEvent 1500"));
     EXPECT_EQ(service->nEnded, 0);
+}
+
+TEST_F(ZorvoTreeSelectorTest, ASearchBesideAShownMainFormLeavesTheProcessAlone)
+{
+    forms.load();
+    forms.bShown = true;
+    selector.searchSWD();
+    EXPECT_EQ(service->nEnded, 0);
+    EXPECT_EQ(forms.nInterval, 0);
+}
+
+TEST_F(ZorvoTreeSelectorTest, AFailureGoesBackToTheClientWithoutAnEndOfTheProcess)
+{
+    forms.searchFailure = [] { throw RunTimeError(kOverflow); };
+    EXPECT_THROW(selector.searchSWD(), RunTimeError);
+    EXPECT_EQ(service->nEnded, 0);
+}
+
+TEST_F(ZorvoTreeSelectorTest, AChoiceThatCannotBeWrittenFailsTheCallAndKeepsTheMainForm)
+{
+    forms.load();
+    forms.journal.clear();
+    forms.sEngagement = "<selection/>";
+    fakes.files->failOn(FakeFiles::Operation::write, "", kPathOrFileAccess);
+    EXPECT_THROW(selector.ShowEngagementListDFS(), RunTimeError);
+    EXPECT_THAT(forms.journal, ElementsAre("engagement list"));
+}
+
+/// A main form's door that counts how often busy work reaches for it.
+class CountingGate : public MainFormGate {
+public:
+    CountingGate() { mainFormGate() = this; }
+    ~CountingGate() override { mainFormGate() = nullptr; }
+    CountingGate(const CountingGate&) = delete;
+    CountingGate& operator=(const CountingGate&) = delete;
+    bool isEnabled() override
+    {
+        ++nAsked;
+        return true;
+    }
+    void setEnabled(bool /*bEnabled*/) override {}
+
+    int nAsked = 0;
+};
+
+void workForAMoment()
+{
+    goMousePointer().setMousePointer(11);
+    goMousePointer().setMousePointer(0);
+}
+
+TEST_F(ZorvoTreeSelectorTest, BusyWorkReachesForTheMainFormAfterTheAboutBoxButNotDuringIt)
+{
+    const CountingGate gate;
+    forms.onAbout = [] { workForAMoment(); };
+    clsAbout().show_QBK_About();
+    EXPECT_EQ(gate.nAsked, 0);
+    workForAMoment();
+    EXPECT_GT(gate.nAsked, 0);
+}
+
+TEST_F(ZorvoTreeSelectorTest, BusyWorkReachesForTheMainFormAfterAFailedAboutBoxToo)
+{
+    const CountingGate gate;
+    forms.onAbout = [] { throw RunTimeError(kOverflow); };
+    EXPECT_THROW(clsAbout().show_QBK_About(), RunTimeError);
+    workForAMoment();
+    EXPECT_GT(gate.nAsked, 0);
 }
 
 } // namespace

@@ -21,6 +21,7 @@ protected:
 
     void fire(int nInterval)
     {
+        forms.bSplashUp = true;
         forms.nInterval = nInterval;
         handleEventTimer(forms);
     }

@@ -1,4 +1,6 @@
+#include "base/RunTimeError.h"
 #include "base/sessionState.h"
+#include "shell/ZorvoTreeSelector.h"
 #include "shell/eventMailbox.h"
 #include "shell/forms/formInstances.h"
 #include "shell/forms/frmNoMoreSearch.h"
@@ -64,6 +66,32 @@ TEST_F(SmallFormsTest, TheSplashLoadsTheMainFormHiddenAndStaysBusyUntilItUnloads
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
 }
 
+TEST_F(SmallFormsTest, ASecondClientDuringTheSplashLeavesNeitherSplashNorBusyPointerBehind)
+{
+    QTimer::singleShot(50, qApp, [] { ZorvoTreeSelector().ShowTreeDirectly(); });
+    ZorvoTreeSelector().ShowTreeDirectly();
+    EXPECT_EQ(splash().ifLoaded(), nullptr);
+    EXPECT_EQ(goMousePointer().MousePointer(), 0);
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_TRUE(form().isEnabled());
+}
+
+TEST_F(SmallFormsTest, AMainFormThatFailsToLoadBehindTheSplashLeavesNothingBehindForTheNextCall)
+{
+    store("MainState", "99999");
+    EXPECT_THROW(ZorvoTreeSelector().ShowTreeDirectly(), RunTimeError);
+    EXPECT_EQ(splash().ifLoaded(), nullptr);
+    EXPECT_EQ(shellState().gfrmMain, nullptr);
+    EXPECT_EQ(Form::loadedForms(), 0);
+    EXPECT_EQ(goMousePointer().MousePointer(), 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    store("MainState", "2");
+    store("DisplaySplash", "False");
+    ZorvoTreeSelector().ShowTreeDirectly();
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_TRUE(form().isEnabled());
+}
+
 TEST_F(SmallFormsTest, TheSplashShowsTheVersionAndStoresItWithoutACompanysPrefix)
 {
     sessionState().gsCompanyID = "ABC";
@@ -92,7 +120,8 @@ TEST_F(SmallFormsTest, TheWaitingBoxIsBusyWhileItIsLoadedAndMirrorsNothingUnless
     EXPECT_EQ(child<QLabel>(singleInstance().get(), "lblInstanceName")->text(), QStringLiteral("Letter"));
     EXPECT_EQ(goMousePointer().MousePointer(), 11);
     EXPECT_TRUE(QTest::qWaitFor([] {
-        return child<QLabel>(singleInstance().get(), "sbPleaseWait")->text() == QStringLiteral(" Please wait . .");
+        return child<QLabel>(singleInstance().get(), "sbPleaseWait")->text() ==
+               QStringLiteral(" Please wait . .");
     }));
     EXPECT_TRUE(mainStatus().isEmpty());
     singleInstance().unload();

@@ -1,6 +1,5 @@
 #include "platform/linux/office/OfficeManners.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace zorvo {
@@ -22,13 +21,12 @@ OfficeManners mannersOfEnvironment()
     OfficeManners manners;
     manners.longestCall = std::chrono::milliseconds(
         numberOfEnvironment("ZORVOBRENDLE_OFFICE_TIMEOUT_MS", manners.longestCall.count()));
-    // A start reads a hundred libraries from the disk: it gets time of its own.
-    manners.longestStart =
-        std::min(manners.longestStart, manners.longestCall + std::chrono::milliseconds(30'000));
+    manners.longestStart = std::chrono::milliseconds(
+        numberOfEnvironment("ZORVOBRENDLE_OFFICE_START_MS", manners.longestStart.count()));
     manners.largestGrowth =
         static_cast<std::uint64_t>(numberOfEnvironment(
-            "ZORVOBRENDLE_OFFICE_GROWTH_MB", static_cast<std::int64_t>(manners.largestGrowth >> 20U)))
-        << 20U;
+            "ZORVOBRENDLE_OFFICE_GROWTH_KB", static_cast<std::int64_t>(manners.largestGrowth >> 10U)))
+        << 10U;
     return manners;
 }
 

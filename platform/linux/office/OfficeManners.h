@@ -13,12 +13,13 @@ struct OfficeManners {
     bool bNeverReplace = false;
     /// An office that takes longer for one call hangs.
     std::chrono::milliseconds longestCall{30'000};
+    /// A start reads a hundred libraries from the disk.
     std::chrono::milliseconds longestStart{60'000};
     /// An office of our own that has grown by more bytes than this is started anew between two documents.
     std::uint64_t largestGrowth = std::uint64_t{512} << 20U;
 };
 
-/// With `ZORVOBRENDLE_OFFICE_TIMEOUT_MS` and `ZORVOBRENDLE_OFFICE_GROWTH_MB` of the environment, which tests
+/// With `ZORVOBRENDLE_OFFICE_TIMEOUT_MS` and `ZORVOBRENDLE_OFFICE_GROWTH_KB` of the environment, which tests
 /// set.
 OfficeManners mannersOfEnvironment();
 

@@ -30,8 +30,6 @@ public:
     pid_t pid() const { return process_; }
     /// Bytes of memory it holds now; 0 when it has ended.
     std::uint64_t residentMemory() const;
-    /// The files of the sockets at which it listens.
-    std::vector<std::string> sockets() const;
 
 private:
     std::vector<std::string> arguments() const;

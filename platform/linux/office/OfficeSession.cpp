@@ -5,6 +5,7 @@
 #include "platform/linux/office/OfficeSessions.h"
 
 #include <cstdlib>
+#include <thread>
 
 namespace zorvo {
 
@@ -13,6 +14,8 @@ namespace {
 /// How long a call may take to come back after it was cut off.
 constexpr std::chrono::milliseconds kLongestReturn{5'000};
 constexpr int kAutomationError = 440;
+constexpr int kMostTries = 4;
+constexpr std::chrono::milliseconds kPauseBeforeRetry{200};
 
 } // namespace
 
@@ -42,29 +45,40 @@ void OfficeSession::tell(Work work)
                      manners_->longestCall);
 }
 
+void OfficeSession::meet(Line& line)
+{
+    // An office that has just come up, or just come back, may drop a caller once.
+    for (int nTry = 1;; ++nTry) {
+        try {
+            auto connection = line.gate->connect();
+            {
+                const std::lock_guard lock(line.mutex);
+                line.connection = std::move(connection);
+                if (line.bCut)
+                    line.connection->breakOff();
+            }
+            line.connection->greet();
+            return;
+        } catch (const OfficeFailure& failure) {
+            if (failure.kind() != OfficeFailure::Kind::lost || nTry == kMostTries)
+                throw;
+        }
+        std::this_thread::sleep_for(kPauseBeforeRetry);
+    }
+}
+
 void OfficeSession::start()
 {
     if (bStarted_)
         return;
     bStarted_ = true;
     try {
-        runWithin(
-            [line = line_] {
-                auto connection = line->gate->connect();
-                {
-                    const std::lock_guard lock(line->mutex);
-                    line->connection = std::move(connection);
-                    if (line->bCut)
-                        line->connection->breakOff();
-                }
-                line->connection->greet();
-            },
-            manners_->longestStart);
+        runWithin([line = line_] { meet(*line); }, manners_->longestStart);
         // What was loaded meanwhile has put its own clean-up on the process's list; ours has to run ahead of
         // it.
         std::atexit(endAllOfficeSessions);
     } catch (const RunTimeError&) {
-        bDead_ = true;
+        end();
         throw;
     }
 }
@@ -73,7 +87,7 @@ void OfficeSession::runWithin(const std::function<void()>& work, std::chrono::mi
 {
     const OfficeThread::JobPtr job = thread_.post(work, longest);
     if (thread_.wait(job, manners_->idleWork) == OfficeThread::Outcome::overdue) {
-        giveUp(job);
+        end();
         throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->hangText());
     }
     try {
@@ -93,20 +107,14 @@ void OfficeSession::cut()
         line_->connection->breakOff();
 }
 
-void OfficeSession::giveUp(const OfficeThread::JobPtr& job)
-{
-    cut();
-    if (!thread_.isDoneWithin(job, kLongestReturn))
-        thread_.abandon();
-}
-
 void OfficeSession::end()
 {
     if (bEnded_)
         return;
     bEnded_ = true;
     cut();
-    // What the thread holds of the office has to go on that thread.
+    // What the thread holds of the office has to go on that thread, and soon: a dead connection that is still
+    // held breaks the next one.
     const auto job = thread_.post(
         [line = line_] {
             const std::lock_guard lock(line->mutex);
@@ -121,7 +129,7 @@ void OfficeSession::throwMeaning(const OfficeFailure& failure)
 {
     switch (failure.kind()) {
     case OfficeFailure::Kind::lost:
-        cut();
+        end();
         throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->crashText());
     case OfficeFailure::Kind::noDocument:
         throw RunTimeError(kObjectRequired, "The document has been closed.");

@@ -63,8 +63,8 @@ private:
 
     void runWithin(const std::function<void()>& work, std::chrono::milliseconds longest);
     void start();
+    static void meet(Line& line);
     void cut();
-    void giveUp(const OfficeThread::JobPtr& job);
     [[noreturn]] void throwMeaning(const OfficeFailure& failure);
 
     std::shared_ptr<const OfficeManners> manners_;

@@ -42,7 +42,7 @@ std::shared_ptr<OfficeSession> OfficeSessions::privateSession(const void* user, 
 {
     const OfficeInstallation office = findOffice(kind);
     if (bEnded_)
-        throw RunTimeError(kOfficeDoesNotAnswer);
+        throw RunTimeError(kOfficeDoesNotAnswer, "The program has parted with the office.");
     if (private_ && (private_->isDead() || isOvergrown()))
         endPrivateSession();
     if (!private_) {
@@ -82,7 +82,7 @@ std::shared_ptr<OfficeSession> OfficeSessions::userSession(OfficeDocumentKind ki
 {
     const OfficeInstallation office = findOffice(kind);
     if (bEnded_)
-        throw RunTimeError(kOfficeDoesNotAnswer);
+        throw RunTimeError(kOfficeDoesNotAnswer, "The program has parted with the office.");
     if (!user_ || user_->isDead())
         user_ = std::make_shared<OfficeSession>(std::make_shared<UserOffice>(office), manners_);
     return user_;

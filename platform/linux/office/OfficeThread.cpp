@@ -1,10 +1,22 @@
 #include "platform/linux/office/OfficeThread.h"
 
+#include <csignal>
+
 namespace zorvo {
 
 namespace {
 
 constexpr std::chrono::milliseconds kIdlePeriod{20};
+
+/// An office that dies while it is written to would take this program with it. The threads that the
+/// connection makes inherit the mask from the one that opens it.
+void surviveBrokenPipes()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
 
 } // namespace
 
@@ -26,6 +38,7 @@ OfficeThread::~OfficeThread()
 
 void OfficeThread::runJobs(const std::shared_ptr<State>& state)
 {
+    surviveBrokenPipes();
     std::unique_lock lock(state->mutex);
     for (;;) {
         state->changed.wait(lock, [&] { return state->bStop || !state->jobs.empty(); });

@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "platform/linux/office/OfficeLibrary.h"
+#include "platform/linux/office/processSockets.h"
 
 #include <unistd.h>
 
@@ -40,7 +41,7 @@ std::unique_ptr<OfficeConnection> PrivateOffice::connect()
     process_.start();
     while (!bClosed_) {
         if (auto connection = connector.connect(office_.sProgramFolder, pipe_)) {
-            profile_.noteSockets(process_.sockets());
+            profile_.noteSockets(socketsOf(process_.pid()));
             return connection;
         }
         mindExit();

@@ -1,14 +1,15 @@
 #include "platform/linux/office/UserOffice.h"
 
 #include "base/RunTimeError.h"
-#include "platform/linux/detachedProcess.h"
-#include "platform/linux/environmentFolders.h"
 #include "platform/linux/office/OfficeLibrary.h"
+#include "platform/linux/office/childProcess.h"
 #include "platform/linux/office/screen.h"
+
+#include <sys/wait.h>
 
 #include <array>
 #include <chrono>
-#include <cstring>
+#include <string>
 #include <thread>
 
 namespace zorvo {
@@ -39,31 +40,43 @@ UserOffice::UserOffice(const OfficeInstallation& office)
                            "LibreOffice can't show a window: this session has no display.");
 }
 
+UserOffice::~UserOffice()
+{
+    // Nothing of it shall be left in the process table when the user closes it before this program ends.
+    if (launcher_ != 0)
+        waitpid(launcher_, nullptr, WNOHANG);
+}
+
 std::unique_ptr<OfficeConnection> UserOffice::connect()
 {
     const OfficeConnector& connector = officeConnector(office_.sProgramFolder);
     auto connection = connector.connect(office_.sProgramFolder, pipe_);
     if (connection)
         return connection;
-    start();
+    launcher_ = startChild({office_.sProgramFolder + "/soffice", "--accept=pipe,name=" + pipe_ + ";urp;",
+                            "--nologo", "--nodefault"},
+                           ownEnvironment(), ChildLife::ofItsOwn);
     while (!bClosed_) {
         connection = connector.connect(office_.sProgramFolder, pipe_);
         if (connection)
             return connection;
+        mindLauncher();
         std::this_thread::sleep_for(kPause);
     }
     throw RunTimeError(kCannotCreateObject,
                        "LibreOffice didn't start in time. Please look whether it waits for an answer.");
 }
 
-void UserOffice::start() const
+void UserOffice::mindLauncher()
 {
-    const int failure =
-        startDetached(office_.sProgramFolder + "/soffice",
-                      {"--accept=pipe,name=" + pipe_ + ";urp;", "--nologo", "--nodefault"}, homeFolder());
-    if (failure != 0)
+    int status = 0;
+    if (launcher_ == 0 || waitpid(launcher_, &status, WNOHANG) != launcher_)
+        return;
+    launcher_ = 0;
+    const int nCode = exitCodeOf(status);
+    if (nCode != 0)
         throw RunTimeError(kCannotCreateObject,
-                           std::string("LibreOffice can't be started: ") + std::strerror(failure));
+                           "LibreOffice can't be started: it ended with code " + std::to_string(nCode) + ".");
 }
 
 std::string UserOffice::crashText() const

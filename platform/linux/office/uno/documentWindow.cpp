@@ -1,5 +1,6 @@
 #include "platform/linux/office/uno/documentWindow.h"
 
+#include <com/sun/star/awt/SystemDependentXWindow.hpp>
 #include <com/sun/star/awt/XSystemDependentWindowPeer.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
@@ -23,11 +24,25 @@ Reference<css::frame::XFrame> frameOf(const DocumentModel& document)
     return {controller->getFrame(), css::uno::UNO_SET_THROW};
 }
 
+/// An office without a screen makes windows too; only the window system knows none of them.
+bool isOnScreen(const Reference<css::awt::XWindow>& window)
+{
+    const Reference<css::awt::XSystemDependentWindowPeer> peer(window, UNO_QUERY);
+    if (!peer.is())
+        return false;
+    css::awt::SystemDependentXWindow handle;
+    peer->getWindowHandle(css::uno::Sequence<sal_Int8>(), css::lang::SystemDependent::SYSTEM_XWINDOW) >>=
+        handle;
+    return handle.WindowHandle != 0;
+}
+
 } // namespace
 
 bool showWindow(const DocumentModel& document)
 {
     const Reference<css::awt::XWindow> window = frameOf(document)->getContainerWindow();
+    if (!isOnScreen(window))
+        return false;
     window->setVisible(true);
     raiseWindow(document);
     return true;
