@@ -1,0 +1,338 @@
+#include "base/RunTimeError.h"
+#include "platform/linux/LibreOffice.h"
+#include "platform/linux/office/processSockets.h"
+#include "platform/linux/office/screen.h"
+#include "tests/office/TestDesk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+
+/// Documents for the user: in the user's own LibreOffice, on a screen of the tests' own.
+namespace zorvo {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// A display server on a number that nobody uses.
+class TestScreen {
+public:
+    TestScreen()
+    {
+        int ends[2];
+        if (pipe(ends) != 0)
+            return;
+        server_ = fork();
+        if (server_ == 0) {
+            const std::string number = std::to_string(ends[1]);
+            execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "1280x900x24", "-noreset",
+                   "-nolisten", "tcp", nullptr);
+            _exit(1);
+        }
+        close(ends[1]);
+        char text[16] = {};
+        if (read(ends[0], text, sizeof text - 1) > 0)
+            sDisplay_ = ":" + std::to_string(std::atoi(text));
+        close(ends[0]);
+    }
+    ~TestScreen()
+    {
+        kill(server_, SIGTERM);
+        waitpid(server_, nullptr, 0);
+    }
+    TestScreen(const TestScreen&) = delete;
+    TestScreen& operator=(const TestScreen&) = delete;
+
+    const std::string& display() const { return sDisplay_; }
+
+    /// The titles of the windows, as a window manager would see them.
+    std::string windows() const
+    {
+        return outputOf("DISPLAY=" + sDisplay_ + " xwininfo -root -tree 2>/dev/null");
+    }
+
+private:
+    static std::string outputOf(const std::string& command)
+    {
+        std::string text;
+        FILE* stream = popen(command.c_str(), "r");
+        for (int character = std::fgetc(stream); character != EOF; character = std::fgetc(stream))
+            text += static_cast<char>(character);
+        pclose(stream);
+        return text;
+    }
+
+    pid_t server_ = 0;
+    std::string sDisplay_;
+};
+
+class UserOffice : public testing::Test {
+protected:
+    TestDesk& desk = TestDesk::instance();
+    const fs::path folder = desk.newFolder();
+    TestScreen screen;
+    ScopedVariable display{"DISPLAY", screen.display()};
+    // Its settings lie in a folder of each test's own, so that the offices of two tests never meet.
+    ScopedVariable settings{"XDG_CONFIG_HOME", (folder / "config").string()};
+    std::shared_ptr<Office> office = makeLibreOffice();
+
+    std::string letter() const { return dos(desk.templates() / "LETTER.DOT"); }
+    std::string budget() const { return dos(desk.templates() / "BUDGET.XLT"); }
+
+    std::vector<pid_t> usersOffices() const
+    {
+        std::vector<pid_t> offices;
+        for (const pid_t process : processesWith("soffice.bin"))
+            if (environmentOf(process).find((folder / "config").string()) != std::string::npos &&
+                commandLineHasNo(process, "UserInstallation"))
+                offices.push_back(process);
+        return offices;
+    }
+
+    void TearDown() override
+    {
+        office.reset();
+        for (const pid_t process : usersOffices()) {
+            const std::vector<std::string> sockets = socketsOf(process);
+            kill(process, SIGKILL);
+            for (const std::string& socket : sockets)
+                if (socket.find("/OSL_PIPE_") != std::string::npos)
+                    fs::remove(socket);
+        }
+    }
+
+private:
+    static std::string environmentOf(pid_t process)
+    {
+        return bytesOf("/proc/" + std::to_string(process) + "/environ");
+    }
+    static bool commandLineHasNo(pid_t process, const std::string& text)
+    {
+        return bytesOf("/proc/" + std::to_string(process) + "/cmdline").find(text) == std::string::npos;
+    }
+};
+
+} // namespace
+
+TEST_F(UserOffice, ADocumentOpensVisibleAndUnsavedAndStaysAfterUs)
+{
+    ASSERT_TRUE(hasScreen());
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    EXPECT_EQ(word->activeDocument()->fullName(), "");
+    word->activatePane();
+    EXPECT_THAT(officeChildren(), IsEmpty());
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000))
+        << screen.windows();
+    office.reset();
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    EXPECT_THAT(screen.windows(), HasSubstr("Untitled 1"));
+}
+
+TEST_F(UserOffice, QuitLeavesTheUsersDocuments)
+{
+    const auto excel = office->createExcel();
+    excel->setVisible(true);
+    excel->workbooksAdd(budget());
+    excel->setActiveWindowView(1);
+    excel->activatePane();
+    excel->quit();
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+}
+
+TEST_F(UserOffice, ARunningOneIsJoined)
+{
+    {
+        const auto first = makeLibreOffice();
+        const auto word = first->createWord();
+        word->setVisible(true);
+        word->documentsAdd(letter());
+    }
+    const auto excel = office->createExcel();
+    excel->setVisible(true);
+    excel->workbooksAdd(budget());
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    EXPECT_TRUE(
+        waitUntil([&] { return screen.windows().find("LibreOffice Calc") != std::string::npos; }, 5000));
+    EXPECT_THAT(screen.windows(), HasSubstr("LibreOffice Writer"));
+}
+
+TEST_F(UserOffice, OneThatTheUserHasStartedHimselfIsJoined)
+{
+    std::ofstream(folder / "note.txt") << "my own words";
+    const std::string command =
+        "setsid soffice --nologo '" + (folder / "note.txt").string() + "' >/dev/null 2>&1 </dev/null &";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    ASSERT_TRUE(waitUntil([&] { return screen.windows().find("note.txt") != std::string::npos; }, 20'000));
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    office.reset();
+    EXPECT_THAT(screen.windows(), HasSubstr("note.txt"));
+}
+
+TEST_F(UserOffice, ABlankDocumentShownAfterwardsNeedsNoOfficeOfOurOwn)
+{
+    auto word = office->createWord();
+    word->documentsAdd();
+    word->setVisible(true);
+    word.reset();
+    EXPECT_THAT(officeChildren(), IsEmpty());
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+}
+
+TEST_F(UserOffice, WhatWasMadeHiddenIsTakenOverWithAllItsChanges)
+{
+    const fs::path extensions = desk.root() / "config/libreoffice/4/user/uno_packages";
+    fs::create_directories(folder / "config/libreoffice/4/user");
+    fs::copy(extensions, folder / "config/libreoffice/4/user/uno_packages", fs::copy_options::recursive);
+    const auto word = office->createWord();
+    word->documentsAdd(letter());
+    word->comAddIn("ZorvoTSR.Connect")
+        ->call("StuffProperties",
+               {AutomationObjectPtr(word->activeDocument()), std::string("profile words")});
+    word->setVisible(true);
+    EXPECT_THAT(officeChildren(), IsEmpty());
+    EXPECT_EQ(word->activeDocument()->fullName(), "");
+    word->activeDocument()->saveAs(dos(folder / "Shown.doc"), 0);
+    EXPECT_THAT(textOf(folder / "Shown.doc"), HasSubstr("profile words"));
+    EXPECT_EQ(word->activeDocument()->fullName(), dos(folder / "Shown.doc"));
+}
+
+TEST_F(UserOffice, AnOpenedFileIsTheFileItself)
+{
+    const auto word = office->createWord();
+    word->documentsAdd(letter());
+    word->activeDocument()->saveAs(dos(folder / "Mine.doc"), 0);
+    word->activeDocument()->close();
+    const auto another = office->createWord();
+    another->setVisible(true);
+    another->documentsOpen(dos(folder / "Mine.doc"));
+    EXPECT_EQ(another->activeDocument()->fullName(), dos(folder / "Mine.doc"));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+}
+
+TEST_F(UserOffice, ASavedDocumentOnTheScreenBelongsToItsFile)
+{
+    office->setNeverReplaceFiles(true);
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    word->activeDocument()->saveAs(dos(folder / "Mine.doc"), 0);
+    EXPECT_EQ(word->activeDocument()->fullName(), dos(folder / "Mine.doc"));
+    EXPECT_EQ(numberOf([&] { word->activeDocument()->saveAs(dos(folder / "Mine.doc"), 0); }),
+              kFileAlreadyExists);
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+    word->activeDocument()->close();
+    EXPECT_EQ(numberOf([&] { word->activeDocument(); }), kObjectNotSet);
+}
+
+TEST_F(UserOffice, ABrokenTemplateShowsNothingAndAsksNothing)
+{
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    for (const char* name : {"TRUNCATED.DOT", "CORRUPT.DOT", "PROTECTED.DOT", "EMPTY.DOT"})
+        EXPECT_EQ(numberOf([&] { word->documentsAdd(dos(desk.templates() / name)); }), kPathOrFileAccess)
+            << name;
+    EXPECT_THAT(screen.windows(), testing::Not(HasSubstr("PROTECTED")));
+}
+
+TEST_F(UserOffice, OneThatHangsIsLeftAlone)
+{
+    const ScopedVariable timeout("ZORVOBRENDLE_OFFICE_TIMEOUT_MS", "4000");
+    const auto impatient = makeLibreOffice();
+    const auto word = impatient->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    ASSERT_THAT(usersOffices(), SizeIs(1));
+    const pid_t process = usersOffices().front();
+    kill(process, SIGSTOP);
+    EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kOfficeDoesNotAnswer);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kOfficeDoesNotAnswer);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(200));
+    kill(process, SIGCONT);
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    const auto later = impatient->createWord();
+    later->setVisible(true);
+    later->documentsAdd(letter());
+    EXPECT_EQ(later->activeDocument()->fullName(), "");
+}
+
+TEST_F(UserOffice, OneThatIsStoppedWhenWeComeIsGivenUp)
+{
+    const ScopedVariable timeout("ZORVOBRENDLE_OFFICE_TIMEOUT_MS", "4000");
+    {
+        const auto first = makeLibreOffice();
+        const auto word = first->createWord();
+        word->setVisible(true);
+        word->documentsAdd(letter());
+    }
+    const pid_t process = usersOffices().front();
+    kill(process, SIGSTOP);
+    const ScopedVariable start("ZORVOBRENDLE_OFFICE_START_MS", "1500");
+    const auto impatient = makeLibreOffice();
+    const auto word = impatient->createWord();
+    word->setVisible(true);
+    EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kOfficeDoesNotAnswer);
+    kill(process, SIGCONT);
+}
+
+TEST_F(UserOffice, OneThatTheUserClosesIsNoLongerThere)
+{
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    kill(usersOffices().front(), SIGKILL);
+    EXPECT_EQ(numberOf([&] { word->activatePane(); }), kOfficeDoesNotAnswer);
+    const auto later = office->createWord();
+    later->setVisible(true);
+    later->documentsAdd(letter());
+    EXPECT_EQ(later->activeDocument()->fullName(), "");
+}
+
+TEST_F(UserOffice, OneWithoutAScreenIsNotUsed)
+{
+    // A conversion of the user's, say, that runs on his own settings.
+    const std::string pipe = "zorvo-test-" + std::to_string(getpid());
+    const std::string command = "env -u DISPLAY setsid soffice --headless --nologo --nodefault "
+                                "'--accept=pipe,name=" +
+                                pipe + ";urp;' >/dev/null 2>&1 </dev/null &";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    const fs::path listening = "/tmp/OSL_PIPE_" + std::to_string(getuid()) + "_" + pipe;
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(listening); }, 20'000));
+    const auto word = office->createWord();
+    word->setVisible(true);
+    EXPECT_THAT(descriptionOf([&] { word->documentsAdd(letter()); }), HasSubstr("screen"));
+}
+
+TEST(NoScreen, IsAClearFailureAndNotALostWindow)
+{
+    TestDesk& desk = TestDesk::instance();
+    const auto office = makeLibreOffice();
+    const auto word = office->createWord();
+    word->setVisible(true);
+    EXPECT_THAT(descriptionOf([&] { word->documentsAdd(dos(desk.templates() / "LETTER.DOT")); }),
+                HasSubstr("display"));
+    const ScopedVariable dead("DISPLAY", ":4711");
+    EXPECT_EQ(numberOf([&] { word->documentsAdd(dos(desk.templates() / "LETTER.DOT")); }),
+              kCannotCreateObject);
+    EXPECT_EQ(numberOf([&] { word->activeDocument(); }), kObjectNotSet);
+}
+
+} // namespace zorvo
