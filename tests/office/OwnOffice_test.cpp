@@ -5,6 +5,7 @@
 #include "platform/linux/environmentFolders.h"
 #include "platform/linux/office/processSockets.h"
 #include "tests/office/TestDesk.h"
+#include "tests/office/officeProcesses.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -38,10 +36,6 @@ private:
 /// The backslash form, by way of drive Z.
 std::string dos(const std::filesystem::path& native);
 
-/// The offices that this process has started and that still run.
-std::vector<pid_t> officeChildren();
-/// Processes of the whole machine whose command line holds the text.
-std::vector<pid_t> processesWith(const std::string& text);
 bool waitUntil(const std::function<bool()>& condition, int milliseconds);
 
 std::string bytesOf(const std::filesystem::path& file);

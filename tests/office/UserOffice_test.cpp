@@ -3,6 +3,7 @@
 #include "platform/linux/office/processSockets.h"
 #include "platform/linux/office/screen.h"
 #include "tests/office/TestDesk.h"
+#include "tests/office/officeProcesses.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
