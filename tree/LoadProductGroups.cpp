@@ -16,6 +16,7 @@
 #include "window/messageBox.h"
 
 #include <memory>
+#include <utility>
 
 namespace zorvo {
 
@@ -126,9 +127,10 @@ private:
         if (versions.size() < 2)
             return true;
         std::string sNewest;
-        for (const std::string& sVersion : versions) {
+        for (const std::string& sText : versions) {
+            std::string sVersion = trimBlanks(sText);
             if (compareNoCase(sVersion, sNewest) > 0)
-                sNewest = sVersion;
+                sNewest = std::move(sVersion);
         }
         return equalNoCase(sNewest, entry.sVersion);
     }

@@ -211,6 +211,29 @@ TEST_F(LoadTreeTest, NamesTheCentralCatalogueEvenWhenTheOwnOneLacksTheProduct)
     EXPECT_EQ(tree.count(), 0);
 }
 
+TEST_F(LoadTreeTest, TellsTheProductOfAMalformedOwnCatalogueAndNeverAsksTheCentralOne)
+{
+    setStatus(group("G", entry({.sKey = "AB", .sTemplatePath = "C:\\T\\AB\\"})));
+    setLibrary(product("AB", "2007", "{P1}", "Central", document("{D1}", "Doc", "a.dot")));
+    fakes.files->addFile("C:\\T\\AB\\Zorvo Library.xml", "<Library><Product");
+    load();
+    EXPECT_EQ(messages.boxes.size(), 1U);
+    EXPECT_THAT(messages.tags(), IsEmpty());
+    EXPECT_EQ(tree.count(), 0);
+}
+
+TEST_F(LoadTreeTest, EndsTheLevelAtAnEntryThatLacksAnElement)
+{
+    setStatus(group("G", entry({.sKey = "AB"}) + "<ProductRegistryNode Version='2007' Installed='True'/>" +
+                             entry({.sKey = "CD"})));
+    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("CD", "2007", "{P2}", "CD", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
+    EXPECT_EQ(listBar.item(2).sKey, "Zorvonet");
+}
+
 TEST_F(LoadTreeTest, MakesANodeOfEachProductThatTheLookUpFinds)
 {
     setStatus(group("G", entry({.sKey = "AB"})));
@@ -286,6 +309,17 @@ TEST_F(LoadTreeTest, ComparesVersionsWithoutRegardToCase)
     setStatus(group("G", entry({.sKey = "AB", .sVersion = "b1"}) + entry({.sKey = "AB", .sVersion = "C1"})));
     setLibrary(product("AB", "b1", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
                product("AB", "C1", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
+}
+
+TEST_F(LoadTreeTest, TrimsTheVersionsThatTheCurrentVersionFilterCompares)
+{
+    sessionState().bShowCurrentOnly = true;
+    setStatus(
+        group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB", .sVersion = " 2007 "})));
+    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
     load();
     EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
 }
@@ -516,6 +550,17 @@ TEST_F(AllOfferingsTest, KeepsNoStatusDocument)
 {
     LoadTree(tree, nullptr, true, false);
     EXPECT_EQ(treeState().objStatusDoc, nullptr);
+}
+
+TEST_F(AllOfferingsTest, LabelsNoProductWithAYear)
+{
+    fakes.files->addFile(
+        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='Quillbook' TreeTitleShort='Q' IconLarge='' "
+        "IconSmall=''><Acronymn numProdClassID='301' Name='Evaluation of Alpha'>AB</Acronymn>"
+        "</ProductTreeGroup></ZorvoTree>");
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_THAT(lines(), ElementsAre("Quillbook|Quillbook|1", "  AB`301|Evaluation of Alpha|1"));
 }
 
 TEST_F(AllOfferingsTest, IgnoresTheCurrentOnlySetting)
