@@ -34,6 +34,20 @@ TEST_F(NodeDocumentTest, SplitsAKeyAtItsFirstBackquote)
     EXPECT_TRUE(library->document("{D}"));
 }
 
+TEST_F(NodeDocumentTest, SplitsAKeyThatBeginsWithABackquote)
+{
+    setOwnLibrary("C:\\T\\", document("", "Doc", "a.dot"));
+    const auto library = GetLibraryForKey("`C:\\T\\Zorvo Library.xml", sGuid, bOwn, libraries);
+    EXPECT_EQ(sGuid, "");
+    EXPECT_TRUE(bOwn);
+    EXPECT_TRUE(library->document(""));
+}
+
+TEST_F(NodeDocumentTest, FindsNothingInAnOwnCatalogueThatHasGone)
+{
+    EXPECT_TRUE(GetNodeDocument(tree.add("", "{D}`C:\\T\\Zorvo Library.xml", "Doc", -1, 3)).isNull());
+}
+
 TEST_F(NodeDocumentTest, TakesTheCentralCatalogueForAKeyWithoutABackquote)
 {
     load(document("{D}", "Doc", "a.dot"));

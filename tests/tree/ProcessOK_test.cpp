@@ -195,6 +195,28 @@ TEST_F(ProcessOKTest, EndsUnfinishedAtANodeThatTheCatalogueLacks)
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
 }
 
+TEST_F(ProcessOKTest, IsBusyNoLongerWhenItReportsAFailure)
+{
+    load();
+    tree.setSelected(tree.add("{P}", "{gone}", "Gone", -1, 3), true);
+    int nPointerAtReport = -1;
+    FailureReporter before = setFailureReporter(
+        [&](const auto&, const auto&, const auto&) { nPointerAtReport = goMousePointer().MousePointer(); });
+    ProcessOK(window);
+    setFailureReporter(std::move(before));
+    EXPECT_EQ(nPointerAtReport, 0);
+}
+
+TEST_F(ProcessOKTest, HandsNothingToAPartnerAfterAFailure)
+{
+    load();
+    tree.setSelected(tree.add("{P}", "{gone}", "Gone", -1, 3), true);
+    sessionState().bReturnSelection = true;
+    ProcessOK(window);
+    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.ProcessOK"));
+}
+
 TEST_F(ProcessOKTest, EndsAtADocumentOutsideOfAnyProduct)
 {
     setStatus("");
