@@ -96,6 +96,39 @@ TEST_F(ProcessOneDocTest, ReportsAYearThatIsNoNumberBeforeExcelIsTouched)
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
 }
 
+TEST_F(ProcessOneDocTest, WithdrawsTheFlagAndThenReportsWhileItIsStillBusy)
+{
+    std::optional<std::string> sFlagAtReport;
+    int nPointerAtReport = -1;
+    FailureReporter before = setFailureReporter([&](const auto&, const auto&, const auto&) {
+        sFlagAtReport = flag("Budget");
+        nPointerAtReport = goMousePointer().MousePointer();
+    });
+    run("C:\\T\\Budget.xlt", "QBKAU~beta");
+    setFailureReporter(std::move(before));
+    EXPECT_EQ(sFlagAtReport, "FALSE");
+    EXPECT_EQ(nPointerAtReport, 11);
+}
+
+TEST_F(ProcessOneDocTest, IsBusyWhileTheOfficeWorks)
+{
+    int nPointerAtWork = -1;
+    office->provideAddIn("ZorvoTSR.Connect").answer("StuffProperties", [&](std::vector<Value>&) {
+        nPointerAtWork = goMousePointer().MousePointer();
+        return Value();
+    });
+    run("C:\\T\\Letter.dot");
+    EXPECT_EQ(nPointerAtWork, 11);
+    EXPECT_EQ(goMousePointer().MousePointer(), 0);
+}
+
+TEST_F(ProcessOneDocTest, SetsTheFlagBeforeExcelIsTouched)
+{
+    fakes.settings->nFailWrites = kPathOrFileAccess;
+    run("C:\\T\\Budget.xlt", "QBKAU~2007");
+    EXPECT_THAT(office->calls(), IsEmpty());
+}
+
 TEST_F(ProcessOneDocTest, ReturnsNormallyWhenTheFlagCannotBeWritten)
 {
     fakes.settings->nFailWrites = kPathOrFileAccess;

@@ -15,6 +15,17 @@ using testing::IsEmpty;
 
 class OfficeApplications : public CreationTest {};
 
+/// An Excel that comes up with a workbook, as many do.
+class OfficeWithWorkbook : public RecordingOffice {
+public:
+    std::shared_ptr<ExcelApplication> createExcel() override
+    {
+        auto excel = RecordingOffice::createExcel();
+        excel->workbooksAdd("");
+        return excel;
+    }
+};
+
 TEST_F(OfficeApplications, GetWordApplicationGivesBackTheCurrentOneUntouched)
 {
     const auto current = office->createWord();
@@ -65,6 +76,53 @@ TEST_F(OfficeApplications, TheProbeOfExcelIsNotQuit)
 {
     GetExcelVersion();
     EXPECT_THAT(office->calls(), ElementsAre("Create Excel.Application", "Excel.Version"));
+}
+
+TEST_F(OfficeApplications, TheProbeOfExcelLosesItsWorkbookUnsavedWhateverFails)
+{
+    const auto withWorkbook = std::make_shared<OfficeWithWorkbook>();
+    platform().office = withWorkbook;
+    GetExcelVersion();
+    EXPECT_THAT(withWorkbook->calls(), ElementsAre("Create Excel.Application", "Excel.Workbooks.Add",
+                                                   "Excel.Version", "Excel.ActiveWorkbook.Close False"));
+    withWorkbook->clearCalls();
+    withWorkbook->fail("Excel.Version", kPermissionDenied);
+    withWorkbook->fail("Excel.ActiveWorkbook.Close", kPermissionDenied);
+    EXPECT_EQ(GetExcelVersion(), 0);
+    EXPECT_THAT(withWorkbook->calls(), ElementsAre("Create Excel.Application", "Excel.Workbooks.Add",
+                                                   "Excel.Version", "Excel.ActiveWorkbook.Close False"));
+    EXPECT_EQ(withWorkbook->applicationsAlive(), 0);
+}
+
+TEST_F(OfficeApplications, ShowExcelSkipsWhatFails)
+{
+    const auto excel = office->createExcel();
+    office->clearCalls();
+    office->fail("Excel.EnableEvents", kPermissionDenied);
+    office->fail("Excel.Visible", kPermissionDenied);
+    ShowExcel(*excel); // without a workbook the view and the pane fail too
+    EXPECT_THAT(office->calls(),
+                ElementsAre("Excel.EnableEvents = True", "Excel.ActiveWindow.View = 1",
+                            "Excel.Visible = True", "Excel.ActiveWindow.ActivePane.Activate"));
+}
+
+TEST_F(OfficeApplications, ActivateAddInGoesOnBehindAnAddInThatCannotBeRead)
+{
+    office->wordAddIns() = {{"broken", false}, {"qbk2.xla", false}};
+    const auto word = office->createWord();
+    office->fail("Word.AddIns(1)", kPermissionDenied);
+    ActivateAddIn(*word, "QBK2.xla");
+    EXPECT_TRUE(office->wordAddIns()[1].bInstalled);
+}
+
+TEST_F(OfficeApplications, OpeningSkipsWhatFailsAndShowsTheApplication)
+{
+    OpenWordDocument("C:\\Out\\Gone.doc");
+    EXPECT_EQ(office->calls().back(), "Word.ActiveWindow.ActivePane.Activate");
+    OpenExcelDocument("C:\\Out\\Gone.xls");
+    EXPECT_EQ(office->calls().back(), "Excel.Workbooks.Open \"C:\\Out\\Gone.xls\"");
+    EXPECT_EQ(creationState().skippedFailures.size(), 2U);
+    EXPECT_THAT(messages.tags(), IsEmpty());
 }
 
 TEST_F(OfficeApplications, OnlyTheProbeOfWordServesPendingEvents)
