@@ -100,7 +100,7 @@ std::vector<DocumentOutcome> carryOut(const std::vector<Order>& orders, const st
         progress.show(outcomes.size() + 1, order.document.sTitle);
         outcomes.push_back(order.sObstacle.empty() ? maker.make(order.document)
                                                    : DocumentOutcome{.sTitle = order.document.sTitle,
-                                                                     .sReason = order.sObstacle});
+                                                                     .sReason = oneLine(order.sObstacle)});
         progress.clear();
         if (bLines)
             out << outcomeLine(outcomes.back()) << std::endl;

@@ -100,6 +100,12 @@ TEST_F(CreateCommandTest, FailsWhatItCannotFindAndLosesNothingElse)
     EXPECT_EQ(run.nExit, 1);
 }
 
+TEST_F(CreateCommandTest, GivesEveryDocumentOneLineWhateverItsName)
+{
+    EXPECT_EQ(createInOut({"X\nY/2007/Z"}).out,
+              "X Y/2007/Z -> FAILED: There is no product X Y on this machine\n");
+}
+
 TEST_F(CreateCommandTest, LooksForProductsOfTheCompany)
 {
     EXPECT_EQ(createInOut({"AUDT/2007/*", "--company", "OTR"}).out,
@@ -367,6 +373,10 @@ TEST_F(CreateCommandTest, RefusesWrongUsage)
         {"--to", "C:\\Out", "--selection", "f", "AUDT/2007/X"},
         {"--to", "C:\\Out", "--other", "f", "AUDT/2007/X"},
         {"--to", "C:\\Out", "-x", "AUDT/2007/X"},
+        {"--to", "C:\\Out", "AUDT/2007/X", "--company", ""},
+        {"--to", "C:\\Out", "AUDT/2007/X", "--company"},
+        {"--to", "C:\\Out", "AUDT/2007/X", "--json=yes"},
+        {"--to", "C:\\Out", "AUDT/2007/X", "-"},
     };
     for (const auto& args : wrong) {
         const Run run = create(args);
