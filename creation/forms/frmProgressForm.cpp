@@ -12,6 +12,7 @@
 #include "window/pendingEvents.h"
 #include "window/spacing.h"
 
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -207,6 +208,14 @@ bool frmProgressForm::onKeyDown(int key, Qt::KeyboardModifiers modifiers)
 {
     // The list must not hand its entries to the clipboard nor take any from there.
     return bListHasFocus_ && modifiers == Qt::ControlModifier && (key == Qt::Key_C || key == Qt::Key_V);
+}
+
+void frmProgressForm::closeEvent(QCloseEvent* event)
+{
+    if (bProcessing_)
+        event->ignore();
+    else
+        Form::closeEvent(event);
 }
 
 int frmProgressForm::entryCount() const

@@ -30,6 +30,8 @@ protected:
     void onActivate() override;
     void onUnload() override;
     bool onKeyDown(int key, Qt::KeyboardModifiers modifiers) override;
+    /// While the documents are being made the form stays.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     int entryCount() const override;
@@ -52,7 +54,7 @@ private:
 
     DocumentBatch batch_;
     bool bListHasFocus_ = false;
-    /// While the documents are being made the form may come to the front again, behind a message box.
+    /// The documents are being made: the form may come to the front again, behind a message box.
     bool bProcessing_ = false;
 
     MnemonicLabel* lblFolderTitle_;
