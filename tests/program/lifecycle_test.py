@@ -55,6 +55,26 @@ class Show(ProgramTest):
         session.window("TemplateTree")
         self.assertFalse(session.has_window("frmSplash"))
 
+    def test_a_second_request_during_the_splash_ends_it_and_leaves_a_window_to_work_in(self):
+        session.new_home(splash=True)
+        first = session.start_brendle("show")
+        session.window("frmSplash")
+        session.brendle("show")
+        self.assertEqual(first.communicate(timeout=15), ("", ""))
+        self.assertEqual(first.returncode, 0)
+        window = session.window("TemplateTree")
+        self.assertFalse(session.has_window("frmSplash"))
+        self.assertTrue(enabled(window))
+
+    def test_a_client_that_vanishes_during_the_splash_leaves_the_window_to_the_user(self):
+        session.new_home(splash=True)
+        client = session.start_brendle("show")
+        session.window("frmSplash")
+        client.kill()
+        client.communicate()
+        self.assertTrue(enabled(session.window("TemplateTree")))
+        self.assertFalse(session.has_window("frmSplash"))
+
     def test_a_second_request_reaches_the_same_process_without_a_splash(self):
         session.brendle("show")
         session.window("TemplateTree")
