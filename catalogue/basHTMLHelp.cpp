@@ -8,10 +8,18 @@ namespace zorvo {
 
 namespace {
 
-std::unique_ptr<clsHTMLHelp>& instance()
+std::shared_ptr<clsHTMLHelp>& instance()
 {
-    static std::unique_ptr<clsHTMLHelp> help;
+    static std::shared_ptr<clsHTMLHelp> help;
     return help;
+}
+
+/// Its own reference: events run while the help comes to the front, and the main window may end in one of
+/// them.
+std::shared_ptr<clsHTMLHelp> heldInstance()
+{
+    EnsureHTMLHelp();
+    return instance();
 }
 
 } // namespace
@@ -20,7 +28,7 @@ void EnsureHTMLHelp(std::optional<std::uintptr_t> hWnd)
 {
     if (instance())
         return;
-    instance() = std::make_unique<clsHTMLHelp>();
+    instance() = std::make_shared<clsHTMLHelp>();
     if (hWnd)
         instance()->setHWnd(*hWnd);
 }
@@ -32,14 +40,12 @@ void ReleaseHTMLHelp()
 
 void ShowHelpContext(std::uint32_t nContext)
 {
-    EnsureHTMLHelp();
-    instance()->HTMLHelpContext(nContext);
+    heldInstance()->HTMLHelpContext(nContext);
 }
 
 void ShowHelpContents()
 {
-    EnsureHTMLHelp();
-    instance()->HTMLHelpDisplayTOC();
+    heldInstance()->HTMLHelpDisplayTOC();
 }
 
 } // namespace zorvo

@@ -23,6 +23,8 @@ public:
     /// The short date and the time of the user's locale.
     virtual std::string shortDate(const LocalTime& time) = 0;
     virtual std::string timeOfDay(const LocalTime& time) = 0;
+    /// "Tuesday, Mar 5 2024": day and month in the user's language, the order always the same.
+    virtual std::string dateInWords(const LocalTime& time) = 0;
     /// The session is shown on another machine.
     virtual bool isRemoteSession() = 0;
     virtual void sleep(int milliseconds) = 0;

@@ -11,9 +11,10 @@
 #include "platform/machineAccess.h"
 #include "support/SupportHost.h"
 
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace zorvo {
 
@@ -29,24 +30,17 @@ std::string supportFolder(bool bCreate)
     return sFolder;
 }
 
-/// "dddd, mmm d yyyy" and "hh:mm:ss AMPM".
+/// Date in words, and the time on the twelve-hour clock whatever the user's own.
 std::string reportTime(const Machine::LocalTime& time)
 {
-    static constexpr const char* kDays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                            "Thursday", "Friday", "Saturday"};
-    static constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    const std::chrono::weekday day(std::chrono::sys_days(
-        std::chrono::year(time.year) / std::chrono::month(static_cast<unsigned>(time.month)) /
-        std::chrono::day(static_cast<unsigned>(time.day))));
-    char clock[16];
-    std::snprintf(clock, sizeof clock, "%02d:%02d:%02d %s", time.hour % 12 == 0 ? 12 : time.hour % 12,
+    char clock[40];
+    std::snprintf(clock, sizeof clock, " %02d:%02d:%02d %s", time.hour % 12 == 0 ? 12 : time.hour % 12,
                   time.minute, time.second, time.hour < 12 ? "AM" : "PM");
-    return std::string(kDays[day.c_encoding()]) + ", " + kMonths[time.month - 1] + " " +
-           std::to_string(time.day) + " " + std::to_string(time.year) + " " + clock;
+    return platform().machine->dateInWords(time) + clock;
 }
 
-/// Reads items as a data file gives them: one ends at a comma or a line end, a quoted one loses its quotes.
+/// Reads items as a data file gives them: one ends at a comma or a line end, a quoted one loses its quotes
+/// and may hold both.
 class ItemReader {
 public:
     explicit ItemReader(std::string sText)
@@ -61,26 +55,24 @@ public:
     {
         if (atEnd())
             throw RunTimeError(kInputPastEnd);
-        while (!atEnd() && (sText_[nAt_] == ' ' || sText_[nAt_] == '\t'))
-            ++nAt_;
+        const auto nQuote = sText_.find_first_not_of(' ', nAt_);
         std::string sItem;
-        if (!atEnd() && sText_[nAt_] == '"') {
-            const auto nEnd = sText_.find('"', nAt_ + 1);
-            sItem = sText_.substr(nAt_ + 1, nEnd == std::string::npos ? nEnd : nEnd - nAt_ - 1);
-            nAt_ = nEnd == std::string::npos ? sText_.size() : nEnd + 1;
-            skipTo(sText_.find_first_of(",\r\n", nAt_));
+        if (nQuote != std::string::npos && sText_[nQuote] == '"') {
+            const auto nEnd = std::min(sText_.find('"', nQuote + 1), sText_.size());
+            sItem = sText_.substr(nQuote + 1, nEnd - nQuote - 1);
+            skipPast(sText_.find_first_of(",\r\n", nEnd));
         } else {
-            const auto nEnd = sText_.find_first_of(",\r\n", nAt_);
-            sItem = trimBlanks(sText_.substr(nAt_, nEnd == std::string::npos ? nEnd : nEnd - nAt_));
-            skipTo(nEnd);
+            const auto nEnd = std::min(sText_.find_first_of(",\r\n", nAt_), sText_.size());
+            sItem = sText_.substr(nAt_, nEnd - nAt_);
+            skipPast(nEnd);
         }
         return sItem;
     }
 
 private:
-    void skipTo(std::size_t nEnd)
+    void skipPast(std::size_t nEnd)
     {
-        if (nEnd == std::string::npos) {
+        if (nEnd >= sText_.size()) {
             nAt_ = sText_.size();
             return;
         }
@@ -104,35 +96,49 @@ std::string logLines(const std::string& sLog)
     }
 }
 
-} // namespace
-
-std::string sSupportReportPath()
+/// Cuts off what leads in a quoted argument such as "%1": a blank and the quote. Throws RunTimeError 5 for a
+/// text too short to hold them.
+std::string commandBefore(const std::string& sText)
 {
-    return supportFolder(true) + GetCompanyID() + "SysOut.txt";
+    constexpr std::size_t kBlankAndQuote = 2;
+    if (characterCount(sText) < kBlankAndQuote)
+        throw RunTimeError(kInvalidCall);
+    return trimBlanks(sText.substr(0, sText.size() - lastCharacters(sText, kBlankAndQuote).size()));
 }
 
-void WriteSupportReport()
+/// Adds to what is written already, so that a failure leaves the part before it.
+void composeReport(std::string& sReport)
 {
-    const std::string sReportPath = sSupportReportPath();
+    const std::string sCaption = supportHost().mainCaption ? supportHost().mainCaption() : std::string();
+    sReport += sCaption + " properties as of " + reportTime(platform().machine->now()) + kLineEnd + kLineEnd +
+               "LOG REFERENCES -----" + kLineEnd;
     const std::string sLogPath = sJoinPath(supportFolder(false), "Brendle.err");
-    Files& files = *platform().files;
-    std::string sReport = (supportHost().mainCaption ? supportHost().mainCaption() : std::string()) +
-                          " properties as of " + reportTime(platform().machine->now()) + kLineEnd + kLineEnd +
-                          "LOG REFERENCES -----" + kLineEnd;
-    if (!bFileExists(sLogPath)) {
+    if (!bFileExists(sLogPath))
         sReport += std::string("There are no entries in the error log.") + kLineEnd + kLineEnd;
-    } else if (files.size(sLogPath) >= kLongestLog) {
+    else if (platform().files->size(sLogPath) >= kLongestLog)
         sReport += "The entry log is too long to display. Use Notepad to review the file \"" + sLogPath +
                    "\"." + kLineEnd + kLineEnd;
-    } else {
-        try {
-            sReport += logLines(files.read(sLogPath));
-        } catch (const RunTimeError&) {
-            files.write(sReportPath, sReport); // what was written before the failure stays
-            throw;
-        }
+    else
+        sReport += logLines(platform().files->read(sLogPath));
+}
+
+} // namespace
+
+std::string WriteSupportReport()
+{
+    const std::string sReportPath = supportFolder(true) + GetCompanyID() + "SysOut.txt";
+    Files& files = *platform().files;
+    files.write(sReportPath,
+                {}); // a report that can't be written ends here, before anything is loaded for it
+    std::string sReport;
+    try {
+        composeReport(sReport);
+    } catch (const RunTimeError&) {
+        files.write(sReportPath, sReport);
+        throw;
     }
     files.write(sReportPath, sReport);
+    return sReportPath;
 }
 
 void StartInformationViewer()
@@ -144,10 +150,9 @@ void StartInformationViewer()
             sGetRegValue(HKEY_LOCAL_MACHINE, "SOFTWARE\\Classes\\MSInfo.Document\\shell\\open\\command", "");
     if (sCommand.empty())
         return;
-    // Cuts off the blank, the quote and the percent sign of an argument such as a quoted "%1".
     const auto nPercent = sCommand.find('%');
     if (nPercent != std::string::npos)
-        sCommand = trimBlanks(sCommand.substr(0, nPercent >= 2 ? nPercent - 2 : 0));
+        sCommand = commandBefore(sCommand.substr(0, nPercent));
     platform().launcher->start(sCommand);
 }
 

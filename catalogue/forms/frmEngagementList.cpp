@@ -87,6 +87,11 @@ void frmEngagementList::onActivate()
     setTopMost(*this, true);
 }
 
+void frmEngagementList::onUnload()
+{
+    engagements_ = EngagementList();
+}
+
 void frmEngagementList::fillList()
 {
     List1_->clear();
@@ -103,8 +108,10 @@ void frmEngagementList::fillList()
 
 void frmEngagementList::cmdOK_Click()
 {
-    if (List1_->currentRow() >= 0)
-        sResult_ = engagements_.selectionDocument(static_cast<std::size_t>(List1_->currentRow()));
+    // Not the current row: the focus makes one without choosing it.
+    const auto rows = List1_->selectionModel()->selectedRows();
+    if (!rows.isEmpty())
+        sResult_ = engagements_.selectionDocument(static_cast<std::size_t>(rows.first().row()));
     unload();
 }
 

@@ -26,6 +26,7 @@ public:
 protected:
     void onLoad() override;
     void onActivate() override;
+    void onUnload() override;
 
 private:
     void layOut();

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <locale.h>
+#include <string>
 #include <string_view>
 
 #include <chrono>
@@ -66,6 +67,11 @@ std::string LinuxMachine::shortDate(const LocalTime& time)
 std::string LinuxMachine::timeOfDay(const LocalTime& time)
 {
     return formatted(time, "%X");
+}
+
+std::string LinuxMachine::dateInWords(const LocalTime& time)
+{
+    return formatted(time, "%A, %b ") + std::to_string(time.day) + " " + std::to_string(time.year);
 }
 
 bool LinuxMachine::isRemoteSession()

@@ -10,6 +10,7 @@ public:
     LocalTime now() override;
     std::string shortDate(const LocalTime& time) override;
     std::string timeOfDay(const LocalTime& time) override;
+    std::string dateInWords(const LocalTime& time) override;
     /// A session of a remote desktop server, or a display of another machine or forwarded to one.
     bool isRemoteSession() override;
     void sleep(int milliseconds) override;

@@ -1,5 +1,6 @@
 #include "support/forms/frmAbout.h"
 
+#include "base/RunTimeError.h"
 #include "base/failure.h"
 #include "branding/brandedFiles.h"
 #include "branding/companyIdentity.h"
@@ -41,6 +42,12 @@ Control* named(Control* control, const char* name)
 {
     control->setObjectName(QString::fromLatin1(name));
     return control;
+}
+
+/// Null when the library isn't there: the report does without it.
+std::unique_ptr<LoadedLibrary> LoadSysLibrary(const std::string& sPath)
+{
+    return platform().libraries->load(sPath);
 }
 
 } // namespace
@@ -97,10 +104,11 @@ void frmAbout::onLoad()
 
 void frmAbout::onActivate()
 {
-    if (GetCompanyID() == "Zorvo")
+    if (bPictureMissing_ || GetCompanyID() == kDefaultCompany)
         return;
-    if (const PicturePtr picture = LoadBrandedPicture("About"))
-        picAboutBrand_->setPixmap(picture->pixmap());
+    const PicturePtr picture = LoadBrandedPicture("About");
+    picAboutBrand_->setPixmap(picture ? picture->pixmap() : QPixmap());
+    bPictureMissing_ = !picture;
 }
 
 void frmAbout::onUnload()
@@ -112,8 +120,7 @@ void frmAbout::onUnload()
 void frmAbout::cmdSupport_Click()
 {
     try {
-        WriteSupportReport();
-        callSupportLibrary();
+        callSupportLibrary(WriteSupportReport());
         setScreenPointer(0);
         StartInformationViewer();
     } catch (const RunTimeError& error) {
@@ -122,18 +129,18 @@ void frmAbout::cmdSupport_Click()
     }
 }
 
-void frmAbout::callSupportLibrary()
+void frmAbout::callSupportLibrary(const std::string& sReportFile)
 {
-    const std::string sFolder = GetZorvoPath(true);
     if (!hSysLibrary_)
-        hSysLibrary_ = platform().libraries->load(sFolder + "ZorvoSys32.dll");
+        hSysLibrary_ = LoadSysLibrary(GetZorvoPath(true) + "ZorvoSys32.dll");
     if (!hSysLibrary_)
         return;
-    if (void* symbol = hSysLibrary_->symbol("GetAppInfoEx2")) {
-        const auto call = reinterpret_cast<GetAppInfoEx2>(symbol);
-        call(sFolder.c_str(), static_cast<std::int32_t>(winId()), sSupportReportPath().c_str(),
-             GetCompanyID().c_str());
-    }
+    void* symbol = hSysLibrary_->symbol("GetAppInfoEx2");
+    if (!symbol)
+        throw RunTimeError(kMemberNotFound);
+    const auto call = reinterpret_cast<GetAppInfoEx2>(symbol);
+    call(GetZorvoPath(true).c_str(), static_cast<std::int32_t>(winId()), sReportFile.c_str(),
+         GetCompanyID().c_str());
 }
 
 } // namespace zorvo

@@ -4,6 +4,7 @@
 #include "window/Form.h"
 
 #include <memory>
+#include <string>
 
 class QGroupBox;
 class QLabel;
@@ -27,7 +28,7 @@ protected:
 private:
     void layOut();
     void cmdSupport_Click();
-    void callSupportLibrary();
+    void callSupportLibrary(const std::string& sReportFile);
 
     QLabel* lblVersion_;
     QLabel* picAboutBrand_;
@@ -37,6 +38,9 @@ private:
     QPushButton* cmdSupport_;
     QPushButton* cmdHelp_;
     QPushButton* cmdQuickTour_;
+    /// A company without its picture is told once: the message takes the box out of the front, and coming
+    /// back would bring the next one.
+    bool bPictureMissing_ = false;
     /// The closed support library, once it could be loaded; kept across clicks.
     std::unique_ptr<LoadedLibrary> hSysLibrary_;
 };

@@ -75,11 +75,14 @@ public:
     /// "3/5/2024" and "14:07:09" for the time below.
     std::string shortDate(const LocalTime& when) override;
     std::string timeOfDay(const LocalTime& when) override;
+    /// "Tuesday, Mar 5 2024" for the time below; a test that sets another time sets this too.
+    std::string dateInWords(const LocalTime& /*when*/) override { return sDateInWords; }
     bool isRemoteSession() override { return bRemoteSession; }
     /// Returns at once.
     void sleep(int milliseconds) override { sleeps.push_back(milliseconds); }
 
     LocalTime time{.year = 2024, .month = 3, .day = 5, .hour = 14, .minute = 7, .second = 9};
+    std::string sDateInWords = "Tuesday, Mar 5 2024";
     bool bRemoteSession = false;
     std::vector<int> sleeps;
 };

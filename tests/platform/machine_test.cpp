@@ -53,6 +53,12 @@ TEST_F(MachineTest, DateAndTimeFollowTheUsersLocale)
     EXPECT_EQ(machine.timeOfDay(time), "14:07:09");
 }
 
+TEST_F(MachineTest, TheDateInWordsNamesDayAndMonthAndPadsNothing)
+{
+    const ScopedEnvironment all("LC_ALL", "C");
+    EXPECT_EQ(machine.dateInWords(time), "Tuesday, Mar 5 2024");
+}
+
 TEST_F(MachineTest, ALocaleThatTheMachineDoesNotHaveIsThePlainOne)
 {
     const ScopedEnvironment all("LC_ALL", "xx_NONE.UTF-8");
