@@ -123,7 +123,7 @@ void frmProgressForm::layOut()
     whole->addWidget(ProgressBar1_);
     whole->addWidget(sbProgress_);
     whole->addLayout(buttons);
-    hideInPlace(ProgressBar1_);
+    ProgressBar1_->hide();
     resize(kDefaultSize);
 }
 

@@ -125,6 +125,8 @@ void SearchSwdLib::fillLibraries()
         LibraryList_->addItem(QString::fromStdString(sLibrary));
     if (bFound)
         LibraryList_->setCurrentIndex(0);
+    else
+        LibraryList_->setPlaceholderText(tr("No library is installed"));
 }
 
 void SearchSwdLib::showWhetherSearchable()

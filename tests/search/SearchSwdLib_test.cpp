@@ -123,7 +123,10 @@ TEST_F(SearchSwdLibTest, ListsTheEditionsFoundAndSelectsTheFirst)
 
 TEST_F(SearchSwdLibTest, OpensWithAnEmptyListWhenNothingIsFoundAndStillSearches)
 {
-    whileSearching = [] { EXPECT_EQ(searchSwdLib().ifLoaded()->libraryText(), ""); };
+    whileSearching = [] {
+        EXPECT_EQ(searchSwdLib().ifLoaded()->libraryText(), "");
+        EXPECT_EQ(libraries().placeholderText(), QStringLiteral("No library is installed"));
+    };
     search("assets");
     EXPECT_EQ(nSearches, 1);
 }
