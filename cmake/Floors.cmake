@@ -18,6 +18,9 @@ function(zorvo_unit_tests NAME)
   cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS
     ${CMAKE_CURRENT_SOURCE_DIR}/${NAME}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${NAME}/*.h)
+  # What all test programs share stands beside the tests of the floor that is named alike.
+  get_target_property(shared zorvo_testing SOURCES)
+  list(REMOVE_ITEM sources ${shared})
   if(NOT sources)
     return()
   endif()
