@@ -9,6 +9,14 @@
 #include <mutex>
 #include <vector>
 
+#ifdef __SANITIZE_ADDRESS__
+/// The office's libraries keep some of their memory to the end by design.
+extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:libuno_\n";
+}
+#endif
+
 namespace zorvo {
 
 namespace {

@@ -53,10 +53,10 @@ std::unique_ptr<UnoConnection> UnoConnection::open(const std::string& programFol
     }
 }
 
-UnoConnection::UnoConnection(Reference<css::connection::XConnection> connection,
-                             Reference<css::bridge::XBridge> bridge)
-    : connection_(std::move(connection))
-    , bridge_(std::move(bridge))
+UnoConnection::UnoConnection(const Reference<css::connection::XConnection>& connection,
+                             const Reference<css::bridge::XBridge>& bridge)
+    : connection_(connection)
+    , bridge_(bridge)
 {
 }
 

@@ -45,8 +45,8 @@ public:
     void breakOff() noexcept override;
 
 private:
-    UnoConnection(com::sun::star::uno::Reference<com::sun::star::connection::XConnection> connection,
-                  com::sun::star::uno::Reference<com::sun::star::bridge::XBridge> bridge);
+    UnoConnection(const com::sun::star::uno::Reference<com::sun::star::connection::XConnection>& connection,
+                  const com::sun::star::uno::Reference<com::sun::star::bridge::XBridge>& bridge);
 
     /// Runs a piece of work with the documents' and the office's exceptions told apart.
     void guarded(const std::function<void()>& work);
