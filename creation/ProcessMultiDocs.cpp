@@ -29,6 +29,11 @@ std::string sTypeYearOf(const XmlNode& document)
     return document.childText("Type") + "~" + document.childText("Year");
 }
 
+void tellMissingDocument(const std::string& sName, const std::string& sFolder)
+{
+    BrandedMsgBox("The document " + sName + " does not exist at " + sFolder, kMsgInformation);
+}
+
 /// How many documents of a batch aren't as they should be, and the first reason.
 struct Shortcomings {
     int nDocuments = 0;
@@ -128,7 +133,7 @@ void OpenCreatedDocuments(const std::string& sFolder, const std::vector<std::str
     creationState().sMissingOffice.clear();
     for (const std::string& sSelectedName : names) {
         if (!bFileExists(sFolder + sSelectedName)) {
-            BrandedMsgBox("The document " + sSelectedName + " does not exist at " + sFolder, kMsgInformation);
+            tellMissingDocument(sSelectedName, sFolder);
             if (nEntries == 1)
                 break;
             continue;
