@@ -227,6 +227,24 @@ TEST_F(UserOffice, AnOpenedFileIsTheFileItself)
     EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
 }
 
+TEST_F(UserOffice, AFileThatIsOpenAlreadyComesToTheFrontAndIsNotOpenedTwice)
+{
+    const auto word = office->createWord();
+    word->documentsAdd(letter());
+    word->activeDocument()->saveAs(dos(folder / "Mine.doc"), 0);
+    word->activeDocument()->close();
+    for (int n = 0; n < 2; ++n) {
+        const auto another = office->createWord();
+        another->setVisible(true);
+        another->documentsOpen(dos(folder / "Mine.doc"));
+        EXPECT_EQ(another->activeDocument()->fullName(), dos(folder / "Mine.doc"));
+    }
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+    const std::string windows = screen.windows();
+    EXPECT_EQ(windows.find("Mine.doc"), windows.rfind("Mine.doc")) << windows;
+    EXPECT_EQ(windows.find("read-only"), std::string::npos) << windows;
+}
+
 TEST_F(UserOffice, ASavedDocumentOnTheScreenBelongsToItsFile)
 {
     office->setNeverReplaceFiles(true);

@@ -69,7 +69,8 @@ DocumentCore::Loaded DocumentCore::loadInOwnOffice() const
 DocumentCore::Loaded DocumentCore::loadOnScreen(const std::string& native, bool bAsTemplate) const
 {
     Loaded loaded{.session = sessions_->userSession(origin_.kind)};
-    const OfficeLoad what = request(origin_.kind, native, bAsTemplate, origin_.bMacros);
+    OfficeLoad what = request(origin_.kind, native, bAsTemplate, origin_.bMacros);
+    what.bOpenOnce = !native.empty() && !bAsTemplate;
     loaded.nDocument = loaded.session->ask<int>([what](OfficeConnection& office) {
         const int nDocument = office.load(what);
         if (office.show(nDocument))

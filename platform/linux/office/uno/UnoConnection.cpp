@@ -128,7 +128,12 @@ const UnoConnection::Model& UnoConnection::document(int nDocument) const
 
 int UnoConnection::load(const OfficeLoad& request)
 {
-    guarded([&] { documents_[nLast_ + 1] = loadDocument(loader_, request); });
+    guarded([&] {
+        Model document;
+        if (request.bOpenOnce)
+            document = findOpenDocument(loader_, request.sPath);
+        documents_[nLast_ + 1] = document.is() ? document : loadDocument(loader_, request);
+    });
     return ++nLast_;
 }
 

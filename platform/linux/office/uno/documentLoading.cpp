@@ -2,8 +2,10 @@
 
 #include "platform/linux/office/uno/unoText.h"
 
+#include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/frame/XDesktop.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 
@@ -96,6 +98,18 @@ Model loadDocument(const Reference<css::frame::XComponentLoader>& loader, const 
         throw;
     }
     return model;
+}
+
+Model findOpenDocument(const Reference<css::frame::XComponentLoader>& loader, const std::string& path)
+{
+    const Reference<css::frame::XDesktop> desktop(loader, UNO_QUERY_THROW);
+    const auto documents = desktop->getComponents()->createEnumeration();
+    while (documents->hasMoreElements()) {
+        const Model model(documents->nextElement(), UNO_QUERY);
+        if (model.is() && pathOfAddress(model->getURL()) == path)
+            return model;
+    }
+    return {};
 }
 
 } // namespace zorvo

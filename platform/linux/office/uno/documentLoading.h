@@ -20,4 +20,9 @@ com::sun::star::uno::Reference<com::sun::star::frame::XModel>
 loadDocument(const com::sun::star::uno::Reference<com::sun::star::frame::XComponentLoader>& loader,
              const OfficeLoad& request);
 
+/// The document of this office that lies at `path`, or null.
+com::sun::star::uno::Reference<com::sun::star::frame::XModel>
+findOpenDocument(const com::sun::star::uno::Reference<com::sun::star::frame::XComponentLoader>& loader,
+                 const std::string& path);
+
 } // namespace zorvo
