@@ -36,8 +36,8 @@ std::string libraryFile()
 {
     std::error_code ignored;
     const fs::path programs = fs::read_symlink("/proc/self/exe", ignored).parent_path();
-    const std::vector<fs::path> folders = {programs / "../lib", programs / "../lib/zorvobrendle",
-                                           ZORVO_BUILD_LIB_DIR};
+    const std::vector<fs::path> folders = {programs / "../lib", programs / ".." / ZORVO_INSTALLED_LIB_FOLDER,
+                                           programs / "../lib/zorvobrendle", ZORVO_BUILD_LIB_DIR};
     for (const fs::path& folder : folders)
         if (fs::exists(folder / kLibrary, ignored))
             return (folder / kLibrary).string();
