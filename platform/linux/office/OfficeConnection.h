@@ -19,7 +19,8 @@ struct OfficeLoad {
     bool bAsTemplate = false;
     /// The user's own macro settings hold; otherwise no macro of the document runs.
     bool bMacrosAsConfigured = false;
-    /// A file that is open in this office already isn't opened once more: two windows would save over each other.
+    /// A file that is open in this office already isn't opened once more: two windows would save over each
+    /// other.
     bool bOpenOnce = false;
 };
 
