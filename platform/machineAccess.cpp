@@ -66,7 +66,7 @@ std::string GetSpecialFolder(int nFolder)
 std::string sGetRegValue(Hive hHive, const std::string& sKey, const std::string& sValueName,
                          const std::optional<std::string>& vDefault)
 {
-    const std::string sDefault = vDefault.value_or(std::string());
+    std::string sDefault = vDefault.value_or(std::string());
     std::unique_ptr<RegistryKey> key;
     if (platform().registry->openKey(hHive, sKey, kKeyQueryValue, key) != kRegistrySuccess)
         return sDefault;
