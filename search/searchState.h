@@ -28,6 +28,14 @@ struct SearchState {
     std::int16_t nSWDCount = 0;
     /// The edition that the user chose.
     std::int16_t nSWDSelected = 0;
+
+    /// What the last search looked for.
+    std::string sSWDKeyword;
+    /// Full paths of the examples that it found, by name; the first `nSWDFoundCount` count.
+    std::vector<std::string> sSWDFoundFiles;
+    std::int16_t nSWDFoundCount = 0;
+    /// The example that comes next.
+    std::int16_t nSWDFileIndex = 0;
 };
 
 SearchState& searchState();
