@@ -3,16 +3,17 @@
 #include <cstdint>
 #include <string>
 
-/// The document that a search ends in: new, unsaved, left open for the user.
+/// The result of a search: one new document that holds the examples, left open for the user and unsaved.
 namespace zorvo {
 
-/// Inserts the found files of `searchState()` one after the other into a new document made from the chosen
-/// edition's template. Failures are told to the user here and end it.
+/// A document from the template of the chosen edition, with the found files of `searchState()` inserted one
+/// after the other. Never throws RunTimeError: the user is told what went wrong.
 void BuildExampleDocument();
 
-/// Opens a new document made from the master of all examples and cuts out every example without the keyword.
-/// `sFolder` is the edition's folder, `nSelected` its index in the tables. Nothing happens when the master
-/// isn't there. Throws RunTimeError when Word fails.
+/// A document from the master that holds every example of an edition, without the tables in whose text
+/// `sKeyword` doesn't occur. `sFolder` is the edition's folder without a closing backslash: the master lies
+/// beside it, under a name that begins as the folder's does. Without a master nothing happens.
+/// Throws RunTimeError: what Word raises, and 9 for an edition that the tables don't hold.
 void FilterMasterDocument(const std::string& sFolder, const std::string& sKeyword, std::int16_t nSelected);
 
 } // namespace zorvo
