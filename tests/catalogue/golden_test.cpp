@@ -1,6 +1,7 @@
 #include "base/sessionState.h"
 #include "base/text.h"
 #include "tests/catalogue/CatalogueTest.h"
+#include "tests/support/testFolders.h"
 
 #include <fstream>
 #include <iterator>
@@ -54,7 +55,7 @@ protected:
 
     static std::string fileText(const std::string& sName)
     {
-        std::ifstream file(ZORVO_SOURCE_DIR "/tests/catalogue/golden/" + sName, std::ios::binary);
+        std::ifstream file(sourceFolder() / "tests/catalogue/golden" / sName, std::ios::binary);
         EXPECT_TRUE(file.is_open()) << sName;
         return {std::istreambuf_iterator<char>(file), {}};
     }

@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "base/text.h"
 #include "platform/linux/linuxPlatform.h"
+#include "tests/support/testFolders.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -127,8 +128,7 @@ void TestDesk::makeBrokenTemplates() const
     write(templates() / "CORRUPT.XLT", corrupt);
     fs::copy_file(templates() / "BUDGET.XLT", templates() / "SHEET.DOT");
     // Made with the password "secret": no command line makes one.
-    fs::copy_file(fs::path(ZORVO_SOURCE_DIR) / "tests/office/data/PROTECTED.DOT",
-                  templates() / "PROTECTED.DOT");
+    fs::copy_file(sourceFolder() / "tests/office/data/PROTECTED.DOT", templates() / "PROTECTED.DOT");
 }
 
 /// As the office's own extension manager leaves an extension of the user's behind.

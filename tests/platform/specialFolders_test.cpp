@@ -4,6 +4,7 @@
 #include "platform/linux/LinuxFiles.h"
 #include "tests/fakes/FakeRegistry.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/testFolders.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +52,7 @@ TEST_F(SpecialFoldersTest, TheProgramFolderIsTheOneOfTheEnvironment)
 TEST_F(SpecialFoldersTest, WithoutItTheProgramFolderIsTheInstalledOneThenTheBuildTrees)
 {
     // This test runs in a build tree, where nothing is installed.
-    const std::string build = ZORVO_BINARY_DIR "/program";
+    const std::string build = buildFolder() / "program";
     EXPECT_EQ(folders.program(), fs::is_directory(build) ? z(build) : "");
     const ScopedEnvironment relative("ZORVOBRENDLE_PROGRAM_DIR", "program");
     EXPECT_EQ(folders.program(), fs::is_directory(build) ? z(build) : "");
