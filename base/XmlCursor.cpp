@@ -118,4 +118,9 @@ std::optional<std::string> XmlCursor::attribute(std::string_view name) const
     return std::nullopt;
 }
 
+long XmlCursor::line() const
+{
+    return xmlGetLineNo(node_);
+}
+
 } // namespace zorvo

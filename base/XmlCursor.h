@@ -44,6 +44,9 @@ public:
     /// The attribute that an XPath step by this name takes.
     std::optional<std::string> attribute(std::string_view name) const;
 
+    /// The line of the file that it stands on, from 1.
+    long line() const;
+
     friend bool operator==(XmlCursor a, XmlCursor b) { return a.node_ == b.node_; }
 
 private:

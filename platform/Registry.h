@@ -55,7 +55,8 @@ enum RegistryAccess : std::uint32_t {
 constexpr std::size_t kLargestRegistryValue = 16U << 20U;
 
 /// An open key; closing is its destruction. Its listing of sub-keys is taken once, at the first enumeration,
-/// so that a walk by index costs one look at the store.
+/// so that a walk by index costs one look at the store. A listing that can't be taken gives its status to
+/// that one call, whatever its index, and kRegistryNoMoreItems from then on.
 class RegistryKey {
 public:
     virtual ~RegistryKey() = default;

@@ -5,10 +5,12 @@
 
 namespace zorvo {
 
-/// What the support report asks of the floors above it.
+/// What the About box and its report ask of the floors above them.
 struct SupportHost {
     /// The main window's caption; reading it loads the main window when it isn't there.
     std::function<std::string()> mainCaption;
+    /// The main window's quick tour, which likewise loads it.
+    std::function<void()> quickTour;
 };
 
 SupportHost& supportHost();

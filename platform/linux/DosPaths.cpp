@@ -88,8 +88,9 @@ std::string linkedFolder(const std::string& link)
 
 } // namespace
 
-DosPaths::DosPaths(std::string userData)
+DosPaths::DosPaths(std::string userData, DriveC driveC)
     : userData_(std::move(userData))
+    , driveC_(driveC)
 {
 }
 
@@ -141,7 +142,7 @@ std::optional<std::string> DosPaths::driveFolder(char drive) const
     if (drive == 'Z')
         return "/";
     try {
-        if (drive == 'C' && !exists(driveLink(drive)))
+        if (drive == 'C' && driveC_ == DriveC::madeAtFirstUse && !exists(driveLink(drive)))
             makeDriveC();
     } catch (const RunTimeError&) { // a user whose data can't be written has no drive C
         return std::nullopt;

@@ -12,8 +12,11 @@ namespace zorvo {
 /// use.
 class DosPaths {
 public:
+    /// With `asItIs` a missing drive C stays missing: for those who look at a machine and mustn't change it.
+    enum class DriveC { madeAtFirstUse, asItIs };
+
     /// The native folder that holds `dosdevices`.
-    explicit DosPaths(std::string userData);
+    explicit DosPaths(std::string userData, DriveC driveC = DriveC::madeAtFirstUse);
 
     /// The native path, with existing names in their real spelling and the rest as given. Nothing for a text
     /// that is no path, or for a drive that isn't there.
@@ -33,6 +36,7 @@ private:
     std::vector<std::pair<std::string, char>> driveFolders() const;
 
     std::string userData_;
+    DriveC driveC_;
 };
 
 } // namespace zorvo

@@ -111,10 +111,12 @@ struct RegistryDatabase::Open {
     SqliteStatement find, subKeys, value, values, make, set, erase, eraseValue;
 };
 
-RegistryDatabase::RegistryDatabase(std::string file, Readers readers, std::chrono::milliseconds patience)
+RegistryDatabase::RegistryDatabase(std::string file, Readers readers, std::chrono::milliseconds patience,
+                                   Use use)
     : file_(std::move(file))
     , readers_(readers)
     , patience_(patience)
+    , use_(use)
 {
 }
 
@@ -259,7 +261,9 @@ RegistryDatabase::Open* RegistryDatabase::openForReading()
     if (!open_) {
         if (!identityOf(file_).bThere)
             return nullptr;
-        auto open = std::make_unique<Open>(file_, SqliteConnection::Mode::existing, patience_);
+        const auto mode =
+            use_ == Use::lookAlone ? SqliteConnection::Mode::readOnly : SqliteConnection::Mode::existing;
+        auto open = std::make_unique<Open>(file_, mode, patience_);
         open_ = std::move(open);
     }
     return open_->bReady || open_->prepareStatements() ? open_.get() : nullptr;
@@ -267,6 +271,8 @@ RegistryDatabase::Open* RegistryDatabase::openForReading()
 
 RegistryDatabase::Open& RegistryDatabase::openForWriting()
 {
+    if (use_ == Use::lookAlone)
+        throw RegistryFailure(kPermissionDenied, kRegistryAccessDenied, "The registry is only looked at.");
     if (Open* open = openForReading())
         return *open;
     const std::string folder = file_.substr(0, file_.rfind('/'));

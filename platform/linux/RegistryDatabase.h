@@ -24,6 +24,9 @@ namespace zorvo {
 class RegistryDatabase {
 public:
     enum class Readers { owner, everybody };
+    /// With `lookAlone` nothing is ever written, and a file that a broken-off change left behind is a
+    /// failure.
+    enum class Use { readAndWrite, lookAlone };
 
     /// A key in the file that was open at the time.
     struct KeyId {
@@ -31,7 +34,8 @@ public:
         unsigned generation = 0;
     };
 
-    RegistryDatabase(std::string file, Readers readers, std::chrono::milliseconds patience);
+    RegistryDatabase(std::string file, Readers readers, std::chrono::milliseconds patience,
+                     Use use = Use::readAndWrite);
     ~RegistryDatabase();
     RegistryDatabase(const RegistryDatabase&) = delete;
     RegistryDatabase& operator=(const RegistryDatabase&) = delete;
@@ -77,6 +81,7 @@ private:
     std::string file_;
     Readers readers_;
     std::chrono::milliseconds patience_;
+    Use use_;
     std::unique_ptr<Open> open_;
     unsigned generation_ = 0;
 };

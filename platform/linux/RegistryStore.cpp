@@ -38,8 +38,12 @@ public:
         if ((access_ & kKeyEnumerate) == 0)
             return kRegistryAccessDenied;
         return statusOf([&]() -> std::int32_t {
-            if (!listing_)
-                listing_ = database_->subKeys(id_);
+            if (!listing_) {
+                // A listing that fails is told once and then empty, so that a walk that ends at the last item
+                // alone has an end.
+                listing_.emplace();
+                *listing_ = database_->subKeys(id_);
+            }
             if (index >= listing_->size())
                 return kRegistryNoMoreItems;
             if ((*listing_)[index].size() >= capacity)
@@ -95,16 +99,17 @@ private:
 
 } // namespace
 
-RegistryStore::RegistryStore()
-    : RegistryStore(userDataFolder() + "/registry.db", machineDataFolder() + "/registry.db")
+RegistryStore::RegistryStore(RegistryDatabase::Use use)
+    : RegistryStore(userDataFolder() + "/registry.db", machineDataFolder() + "/registry.db",
+                    std::chrono::seconds(10), use)
 {
 }
 
 RegistryStore::RegistryStore(const std::string& sUserFile, const std::string& sMachineFile,
-                             std::chrono::milliseconds patience)
-    : user_(std::make_shared<RegistryDatabase>(sUserFile, RegistryDatabase::Readers::owner, patience))
-    , machine_(
-          std::make_shared<RegistryDatabase>(sMachineFile, RegistryDatabase::Readers::everybody, patience))
+                             std::chrono::milliseconds patience, RegistryDatabase::Use use)
+    : user_(std::make_shared<RegistryDatabase>(sUserFile, RegistryDatabase::Readers::owner, patience, use))
+    , machine_(std::make_shared<RegistryDatabase>(sMachineFile, RegistryDatabase::Readers::everybody,
+                                                  patience, use))
 {
 }
 

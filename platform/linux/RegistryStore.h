@@ -21,9 +21,10 @@ namespace zorvo {
 class RegistryStore : public Registry {
 public:
     /// At the places that the environment names.
-    RegistryStore();
+    explicit RegistryStore(RegistryDatabase::Use use = RegistryDatabase::Use::readAndWrite);
     RegistryStore(const std::string& sUserFile, const std::string& sMachineFile,
-                  std::chrono::milliseconds patience = std::chrono::seconds(10));
+                  std::chrono::milliseconds patience = std::chrono::seconds(10),
+                  RegistryDatabase::Use use = RegistryDatabase::Use::readAndWrite);
 
     std::int32_t openKey(Hive hive, const std::string& path, std::uint32_t access,
                          std::unique_ptr<RegistryKey>& key) override;

@@ -141,10 +141,11 @@ int SqliteConnection::waitForLock(void* patience, int tries)
 SqliteConnection::SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds patience)
     : patience_(std::make_unique<std::chrono::milliseconds>(patience))
 {
+    const int use = mode == Mode::readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     const int create = mode == Mode::createIfMissing ? SQLITE_OPEN_CREATE : 0;
     sqlite3* connection = nullptr;
-    const int code = sqlite3_open_v2(file.c_str(), &connection,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | create, nullptr);
+    const int code =
+        sqlite3_open_v2(file.c_str(), &connection, use | SQLITE_OPEN_EXRESCODE | create, nullptr);
     connection_.reset(connection);
     if (code != SQLITE_OK)
         fail(code, file);

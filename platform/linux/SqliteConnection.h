@@ -54,7 +54,9 @@ private:
 /// An open database file.
 class SqliteConnection {
 public:
-    enum class Mode { existing, createIfMissing };
+    /// `readOnly` leaves the file as it is whatever state it is in: what a broken-off change left behind
+    /// isn't undone but told as a failure.
+    enum class Mode { readOnly, existing, createIfMissing };
 
     /// Waits for other processes' locks up to `patience`. Throws RegistryFailure when it can't be opened.
     SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds patience);

@@ -10,21 +10,37 @@
 #include "platform/linux/SettingsFile.h"
 #include "platform/linux/environmentFolders.h"
 
+#include <utility>
+
 namespace zorvo {
 
-void installLinuxPlatform()
+namespace {
+
+void installPorts(const DosPaths& paths, std::shared_ptr<RegistryStore> registry)
 {
-    const DosPaths paths(userDataFolder());
     Platform& ports = platform();
-    ports.registry = std::make_shared<RegistryStore>();
+    ports.registry = std::move(registry);
     ports.settings = std::make_shared<SettingsFile>();
     ports.files = std::make_shared<LinuxFiles>(paths);
     ports.folders = std::make_shared<LinuxSpecialFolders>(paths);
     ports.launcher = std::make_shared<LinuxLauncher>(paths);
     ports.libraries = std::make_shared<LinuxLibraryLoader>(paths);
     ports.machine = std::make_shared<LinuxMachine>();
+}
+
+} // namespace
+
+void installLinuxPlatform()
+{
+    installPorts(DosPaths(userDataFolder()), std::make_shared<RegistryStore>());
     // A user whose registry can't be written has no such folder, which the program bears.
-    writeAppDataFolder(*ports.registry, *ports.files);
+    writeAppDataFolder(*platform().registry, *platform().files);
+}
+
+void installLinuxPlatformToLookAt()
+{
+    installPorts(DosPaths(userDataFolder(), DosPaths::DriveC::asItIs),
+                 std::make_shared<RegistryStore>(RegistryDatabase::Use::lookAlone));
 }
 
 } // namespace zorvo

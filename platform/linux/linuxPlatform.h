@@ -8,4 +8,8 @@ namespace zorvo {
 /// program adds the ones it uses.
 void installLinuxPlatform();
 
+/// The same for a look at the machine that changes nothing of it: no folder, link, value or file is made, and
+/// the registry can't be written. Whoever asks for the temporary folder still makes it.
+void installLinuxPlatformToLookAt();
+
 } // namespace zorvo

@@ -1,5 +1,6 @@
 #include "shell/forms/QtShellForms.h"
 
+#include "branding/webPages.h"
 #include "catalogue/EngagementHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "catalogue/forms/frmEngagementList.h"
@@ -98,7 +99,11 @@ void installQtForms()
     shellState().forms = &forms;
     mainFormGate() = &gate;
     engagementHost() = {[] { SaveSettings(); }, [] { templateTree().get().SetTBState(false, true); }};
-    supportHost() = {[] { return templateTree().get().caption(); }};
+    supportHost() = {[] { return templateTree().get().caption(); },
+                     [] {
+                         templateTree().get();
+                         ZorvoQuickTour();
+                     }};
     installQtCreationForms({[](const std::string& sInstanceName) {
                                 singleInstance().get().setInstanceName(sInstanceName);
                                 singleInstance().get().showModeless();

@@ -18,6 +18,7 @@
 #include "shell/forms/optionsDialog.h"
 #include "shell/forms/treeSearchForms.h"
 #include "shell/listBarJump.h"
+#include "support/versionReport.h"
 #include "tree/LoadTree.h"
 #include "tree/NodeDocument.h"
 #include "tree/ProcessOK.h"
@@ -52,6 +53,7 @@ void TemplateTree::mapCommands()
         {"ID_ABOUT", [this] { ShowAboutBox(); }},
         {"ID_WORD", [this] { newWordDocument(); }},
         {"ID_EXCEL", [this] { newExcelWorkbook(); }},
+        {"ID_PRODVERSION", [] { ShowVersionReport(); }},
     };
     // A tool that leads nowhere in this build can't be pressed.
     for (const ToolBand& band : tools_.bands()) {

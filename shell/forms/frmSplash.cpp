@@ -51,10 +51,12 @@ void frmSplash::onLoad()
 
 void frmSplash::onActivate()
 {
-    if (GetCompanyID() == "Zorvo")
+    if (bPictureMissing_ || GetCompanyID() == kDefaultCompany)
         return;
-    if (const PicturePtr picture = LoadBrandedPicture("Splash"))
-        picSplash_->setPixmap(picture->pixmap());
+    bPictureMissing_ = true; // until it is there: the message about it brings another activate event
+    const PicturePtr picture = LoadBrandedPicture("Splash");
+    picSplash_->setPixmap(picture ? picture->pixmap() : QPixmap());
+    bPictureMissing_ = !picture;
 }
 
 void frmSplash::onUnload()

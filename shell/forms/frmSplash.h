@@ -22,6 +22,8 @@ protected:
 private:
     QLabel* picSplash_;
     QLabel* lblVersion_;
+    /// A company without its picture is told once, and then shows none: the house's own isn't its.
+    bool bPictureMissing_ = false;
 };
 
 } // namespace zorvo

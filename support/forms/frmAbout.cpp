@@ -5,11 +5,11 @@
 #include "branding/brandedFiles.h"
 #include "branding/companyIdentity.h"
 #include "branding/forms/formBranding.h"
-#include "branding/webPages.h"
 #include "branding/xmlCaptionLoaderManager.h"
 #include "catalogue/basHTMLHelp.h"
 #include "platform/Platform.h"
 #include "platform/machineAccess.h"
+#include "support/SupportHost.h"
 #include "support/supportReport.h"
 #include "support/versionText.h"
 #include "window/Picture.h"
@@ -74,7 +74,7 @@ frmAbout::frmAbout()
     connect(cmdOK_, &QPushButton::clicked, this, guardedSlot(this, [this] { unload(); }));
     connect(cmdSupport_, &QPushButton::clicked, this, guardedSlot(this, [this] { cmdSupport_Click(); }));
     connect(cmdHelp_, &QPushButton::clicked, this, guardedSlot(this, [] { ShowHelpContents(); }));
-    connect(cmdQuickTour_, &QPushButton::clicked, this, guardedSlot(this, [] { ZorvoQuickTour(); }));
+    connect(cmdQuickTour_, &QPushButton::clicked, this, guardedSlot(this, [this] { cmdQuickTour_Click(); }));
 }
 
 void frmAbout::layOut()
@@ -106,6 +106,7 @@ void frmAbout::onActivate()
 {
     if (bPictureMissing_ || GetCompanyID() == kDefaultCompany)
         return;
+    bPictureMissing_ = true; // until it is there: the message about it brings another activate event
     const PicturePtr picture = LoadBrandedPicture("About");
     picAboutBrand_->setPixmap(picture ? picture->pixmap() : QPixmap());
     bPictureMissing_ = !picture;
@@ -127,6 +128,12 @@ void frmAbout::cmdSupport_Click()
         recordFailure(error);
         ReportError("frmAbout.cmdSupport_Click");
     }
+}
+
+void frmAbout::cmdQuickTour_Click()
+{
+    if (supportHost().quickTour)
+        supportHost().quickTour();
 }
 
 void frmAbout::callSupportLibrary(const std::string& sReportFile)

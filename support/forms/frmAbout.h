@@ -28,6 +28,7 @@ protected:
 private:
     void layOut();
     void cmdSupport_Click();
+    void cmdQuickTour_Click();
     void callSupportLibrary(const std::string& sReportFile);
 
     QLabel* lblVersion_;

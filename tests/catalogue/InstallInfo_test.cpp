@@ -1,7 +1,7 @@
 #include "catalogue/InstallInfo.h"
 
 #include "tests/catalogue/CatalogueTest.h"
-#include "tests/catalogue/OddRegistry.h"
+#include "tests/fakes/OddRegistry.h"
 
 using namespace zorvo;
 using namespace std::string_literals;

@@ -1,6 +1,6 @@
 #include "base/RunTimeError.h"
 #include "tests/catalogue/CatalogueTest.h"
-#include "tests/catalogue/OddRegistry.h"
+#include "tests/fakes/OddRegistry.h"
 
 #include <limits>
 

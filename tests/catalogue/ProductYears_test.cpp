@@ -3,7 +3,7 @@
 #include "base/RunTimeError.h"
 #include "catalogue/catalogueState.h"
 #include "tests/catalogue/CatalogueTest.h"
-#include "tests/catalogue/OddRegistry.h"
+#include "tests/fakes/OddRegistry.h"
 
 #include <limits>
 

@@ -2,7 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "tests/catalogue/CatalogueTest.h"
-#include "tests/catalogue/OddRegistry.h"
+#include "tests/fakes/OddRegistry.h"
 
 using namespace zorvo;
 using namespace std::string_literals;

@@ -21,7 +21,8 @@ public:
         name.clear();
         if ((access_ & kKeyEnumerate) == 0)
             return kRegistryAccessDenied;
-        takeListing();
+        if (const std::int32_t status = takeListing(); status != kRegistrySuccess)
+            return status;
         if (index >= listing_.size())
             return kRegistryNoMoreItems;
         if (listing_[index].size() >= capacity)
@@ -68,14 +69,17 @@ public:
     }
 
 private:
-    void takeListing()
+    std::int32_t takeListing()
     {
         if (bListed_)
-            return;
+            return kRegistrySuccess;
         bListed_ = true;
         ++registry_.listingsTaken;
+        if (const std::int32_t status = registry_.listingStatus(*node_); status != kRegistrySuccess)
+            return status;
         for (const auto& [folded, child] : node_->children)
             listing_.push_back(child->sName);
+        return kRegistrySuccess;
     }
 
     FakeRegistry& registry_;
@@ -204,6 +208,17 @@ std::optional<RegistryType> FakeRegistry::type(Hive hive, const std::string& pat
 void FakeRegistry::failOn(Hive hive, const std::string& path, std::int32_t status)
 {
     failures_[upperCase(fullName(hive, path))] = status;
+}
+
+void FakeRegistry::failListing(Hive hive, const std::string& path, std::int32_t status)
+{
+    listingFailures_[upperCase(fullName(hive, path))] = status;
+}
+
+std::int32_t FakeRegistry::listingStatus(const Node& node) const
+{
+    const auto found = listingFailures_.find(upperCase(node.sFullName));
+    return found == listingFailures_.end() ? kRegistrySuccess : found->second;
 }
 
 std::shared_ptr<FakeRegistry::Node> FakeRegistry::find(Hive hive, const std::string& path) const

@@ -49,6 +49,9 @@ public:
 
     /// From now on opening or making this key gives `status` instead of what it would give.
     void failOn(Hive hive, const std::string& path, std::int32_t status);
+    /// From now on a listing of this key's sub-keys can't be taken and gives `status`.
+    void failListing(Hive hive, const std::string& path, std::int32_t status);
+    std::int32_t listingStatus(const Node& node) const;
     /// From now on every change gives this status: an ordinary user at the machine's store. 0 ends it.
     void failWrites(std::int32_t status) { writeStatus_ = status; }
     std::int32_t writeStatus() const { return writeStatus_; }
@@ -65,6 +68,7 @@ private:
 
     std::map<Hive, std::shared_ptr<Node>> hives_;
     std::map<std::string, std::int32_t> failures_;
+    std::map<std::string, std::int32_t> listingFailures_; // by upper-cased full name
     std::int32_t writeStatus_ = kRegistrySuccess;
 };
 

@@ -3,6 +3,10 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <chrono>
+#include <memory>
 
 namespace zorvo {
 namespace {
@@ -10,16 +14,30 @@ namespace {
 /// What the port promises, held against the store and against the fake that stands in for it.
 struct RealStore {
     TemporaryFolder folder;
-    RegistryStore registry{folder / "user.db", folder / "machine.db"};
+    RegistryStore registry{folder / "user.db", folder / "machine.db", std::chrono::milliseconds(20)};
     void removeKey(Hive hive, const std::string& path)
     {
         registry.apply({{RegistryChange::Kind::deleteKey, hive, path, {}}});
+    }
+    /// As long as this lives, no listing can be taken: somebody has the file for himself.
+    auto breakListings(Hive /*hive*/, const std::string& /*path*/)
+    {
+        const auto close = [](sqlite3* file) { sqlite3_close(file); };
+        sqlite3* file = nullptr;
+        EXPECT_EQ(sqlite3_open((folder / "machine.db").c_str(), &file), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(file, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+        return std::unique_ptr<sqlite3, decltype(close)>(file, close);
     }
 };
 
 struct FakeStore {
     FakeRegistry registry;
     void removeKey(Hive hive, const std::string& path) { registry.removeKey(hive, path); }
+    bool breakListings(Hive hive, const std::string& path)
+    {
+        registry.failListing(hive, path, kRegistryBusy);
+        return true;
+    }
 };
 
 template <typename Store>
@@ -189,6 +207,22 @@ TYPED_TEST(RegistryContract, AnOpenKeyHoldsItsListing)
     EXPECT_EQ(key->enumKey(1, 2048, name), kRegistrySuccess);
     EXPECT_EQ(name, "C");
     EXPECT_EQ(this->names(*this->opened(HKEY_LOCAL_MACHINE, "K")).size(), 3U);
+}
+
+TYPED_TEST(RegistryContract, AListingThatFailsIsToldOnceAndThenAtItsEnd)
+{
+    this->addText(HKEY_LOCAL_MACHINE, "K\\A", "", "");
+    const auto key = this->opened(HKEY_LOCAL_MACHINE, "K");
+    {
+        [[maybe_unused]] const auto broken = this->store.breakListings(HKEY_LOCAL_MACHINE, "K");
+        std::string name = "left over";
+        EXPECT_EQ(key->enumKey(0, 2048, name), kRegistryBusy);
+        EXPECT_EQ(name, "");
+        EXPECT_EQ(key->enumKey(1, 2048, name), kRegistryNoMoreItems);
+        EXPECT_EQ(key->enumKey(0, 2048, name), kRegistryNoMoreItems);
+    }
+    std::string name;
+    EXPECT_EQ(key->enumKey(0, 2048, name), kRegistryNoMoreItems) << "an open key holds its listing";
 }
 
 TYPED_TEST(RegistryContract, AValueComesBackByteForByteWithItsType)

@@ -327,6 +327,28 @@ TEST_F(TemplateTreeTest, TheViewCommandsRebuildTheTreeOnlyOnAChange)
     EXPECT_FALSE(current->isChecked());
 }
 
+TEST_F(TemplateTreeTest, TheLatestVersionReportIsACommandAndOpensItsPage)
+{
+    shownForm();
+    auto* action = form().findChild<QAction*>(QStringLiteral("ID_PRODVERSION"));
+    ASSERT_NE(action, nullptr);
+    EXPECT_TRUE(action->isEnabled());
+    action->trigger();
+    ASSERT_EQ(fakes.launcher->opened.size(), 1U);
+    EXPECT_THAT(fakes.launcher->opened[0].sTarget, testing::EndsWith("\\VersionReport.htm"));
+    EXPECT_THAT(fakes.files->content(fakes.launcher->opened[0].sTarget).value_or(""),
+                HasSubstr("<tr><td>SablewoodLibrary</td><td></td></tr>"));
+}
+
+TEST_F(TemplateTreeTest, ALatestVersionReportThatCantBeWrittenIsToldAndOpensNothing)
+{
+    shownForm();
+    fakes.folders->sTemporary.clear();
+    form().findChild<QAction*>(QStringLiteral("ID_PRODVERSION"))->trigger();
+    EXPECT_EQ(messages.reports.size(), 1U);
+    EXPECT_TRUE(fakes.launcher->opened.empty());
+}
+
 TEST_F(TemplateTreeTest, TheLibrarySearchIsEnabledWhenALibraryProductIsThere)
 {
     EXPECT_TRUE(toolbarAction("ID_SEARCHSABLEWOODLIBRARY") != nullptr);

@@ -1,6 +1,8 @@
 #include "base/RunTimeError.h"
+#include "base/failure.h"
 #include "base/sessionState.h"
 #include "shell/ZorvoTreeSelector.h"
+#include "shell/clsAbout.h"
 #include "shell/eventMailbox.h"
 #include "shell/forms/formInstances.h"
 #include "shell/forms/frmNoMoreSearch.h"
@@ -14,7 +16,9 @@
 #include "window/StatusPanels.h"
 #include "window/clsMousePointer.h"
 
+#include <QBuffer>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -47,6 +51,31 @@ void whenModal(const char* name, const std::function<void(QWidget&)>& act)
 void click(QWidget& form, const char* name)
 {
     QTest::mouseClick(child<QPushButton>(form, name), Qt::LeftButton);
+}
+
+constexpr const char* kMissingSplash = "basBranding.LoadBrandedPicture(Splash.bmp)";
+
+std::string bitmap(int nWidth)
+{
+    QImage image(nWidth, nWidth, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "BMP");
+    return bytes.toStdString();
+}
+
+/// Another window takes the front and gives it back.
+void showAgain(QWidget& form)
+{
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    form.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+    QCoreApplication::processEvents();
 }
 
 class SmallFormsTest : public MainFormTest {
@@ -100,6 +129,74 @@ TEST_F(SmallFormsTest, TheSplashShowsTheVersionAndStoresItWithoutACompanysPrefix
     EXPECT_TRUE(text.contains(QStringLiteral(".0.")));
     EXPECT_EQ(stored("Version"), text.toStdString());
     splash().unload();
+}
+
+TEST_F(SmallFormsTest, TheSplashOfACompanyWithoutItsPictureTellsItOnceAndShowsNone)
+{
+    sessionState().gsCompanyID = "ABC";
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", "no picture");
+    int nReports = 0;
+    const FailureReporter before = setFailureReporter([&](const auto& sTag, const auto&, const auto&) {
+        nReports += sTag == kMissingSplash ? 1 : 0;
+        if (sTag == kMissingSplash)
+            showAgain(splash().get()); // the message takes the splash out of the front and gives it back
+    });
+    splash().get().showModeless();
+    showAgain(splash().get());
+    setFailureReporter(before);
+    EXPECT_EQ(nReports, 1);
+    EXPECT_TRUE(child<QLabel>(splash().get(), "picSplash")->pixmap(Qt::ReturnByValue).isNull())
+        << "the house's own picture isn't the company's";
+    splash().unload();
+}
+
+TEST_F(SmallFormsTest, TheSplashTakesItsCompanysPictureAtEachActivateAndTheHousesStays)
+{
+    const auto width = [] {
+        return child<QLabel>(splash().get(), "picSplash")->pixmap(Qt::ReturnByValue).width();
+    };
+    fakes.files->addFile("C:\\Zorvo\\Images\\Splash.bmp", bitmap(12));
+    splash().get().showModeless();
+    showAgain(splash().get());
+    EXPECT_GT(width(), 12) << "the house's picture is the form's own";
+    splash().unload();
+    sessionState().gsCompanyID = "ABC";
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", bitmap(14));
+    splash().get().showModeless();
+    showAgain(splash().get());
+    EXPECT_EQ(width(), 14);
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", bitmap(16));
+    showAgain(splash().get());
+    EXPECT_EQ(width(), 16);
+    splash().unload();
+}
+
+TEST_F(SmallFormsTest, TheAboutBoxReadsTheMainWindowsCaptionWhichLoadsItHidden)
+{
+    whenModal("frmAbout", [](QWidget& about) {
+        EXPECT_EQ(shellState().gfrmMain, nullptr);
+        click(about, "cmdSupport");
+        EXPECT_NE(shellState().gfrmMain, nullptr);
+        click(about, "cmdOK");
+    });
+    clsAbout().show_QBK_About();
+    EXPECT_FALSE(form().isVisible());
+    const auto sReport =
+        fakes.files->content("C:\\Users\\Test\\Documents\\Halvern House\\Brendle\\ZorvoSysOut.txt");
+    EXPECT_THAT(sReport.value_or(""), testing::StartsWith("Zorvo's Brendle properties as of "));
+}
+
+TEST_F(SmallFormsTest, TheAboutBoxesQuickTourIsTheMainWindowsWhichLoadsItHidden)
+{
+    whenModal("frmAbout", [](QWidget& about) {
+        click(about, "cmdQuickTour");
+        EXPECT_NE(shellState().gfrmMain, nullptr);
+        click(about, "cmdOK");
+    });
+    clsAbout().show_QBK_About();
+    EXPECT_FALSE(form().isVisible());
+    ASSERT_EQ(fakes.launcher->opened.size(), 1U);
+    EXPECT_EQ(fakes.launcher->opened[0].sTarget, "http://tour.example");
 }
 
 TEST_F(SmallFormsTest, AClickOnTheSplashAsksTheMainFormsTimerToEndTheWait)

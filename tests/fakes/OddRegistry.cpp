@@ -1,4 +1,4 @@
-#include "tests/catalogue/OddRegistry.h"
+#include "tests/fakes/OddRegistry.h"
 
 #include <utility>
 
