@@ -3,6 +3,7 @@
 #include "client/CallCommand.h"
 #include "client/CreateCommand.h"
 #include "client/CreateOptions.h"
+#include "client/DoctorCommand.h"
 #include "client/RegistryCommand.h"
 #include "client/SettingCommand.h"
 #include "client/exitCodes.h"
@@ -43,6 +44,10 @@ constexpr Command kCommands[] = {
      "product's.\n"
      "--json prints one JSON object instead. The exit code is 1 when a document failed.",
      runCreateCommand},
+    {"doctor", "[--json]",
+     "Looks the machine over for the help desk: programs, folders, products, settings and add-ins.\n"
+     "It changes nothing. --json prints one JSON object. The exit code is 1 when something is wrong.",
+     runDoctorCommand},
     {"call", "PROGID OPERATION [ARG ...]",
      "Calls any operation of a registered class and prints each result on a line of its own.\n"
      "An ARG is text, a number, true or false, as the operation takes it; an array is [first,second] or a\n"
