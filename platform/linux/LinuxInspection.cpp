@@ -195,12 +195,9 @@ Inspection::Store settingsFile()
 
 std::vector<Inspection::Program> LinuxInspection::programs()
 {
-    return {ownProgram("zorvobrendle"),
-            ownProgram("brendle"),
-            ownProgram("brendle-help"),
+    return {ownProgram("zorvobrendle"), ownProgram("brendle"),
             officeProgram("LibreOffice Writer", OfficeDocumentKind::text),
-            officeProgram("LibreOffice Calc", OfficeDocumentKind::spreadsheet),
-            busProgram()};
+            officeProgram("LibreOffice Calc", OfficeDocumentKind::spreadsheet), busProgram()};
 }
 
 std::vector<Inspection::Folder> LinuxInspection::folders()

@@ -20,6 +20,9 @@ std::string fileOf(sqlite3* connection)
 [[noreturn]] void fail(int code, const std::string& file)
 {
     const std::string subject = "The registry file " + file;
+    if (code == SQLITE_READONLY_ROLLBACK || code == SQLITE_READONLY_RECOVERY)
+        throw RegistryFailure(kPathOrFileAccess, kRegistryCorrupt,
+                              subject + " was being written when that broke off; the next start mends it.");
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

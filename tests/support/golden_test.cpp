@@ -5,6 +5,7 @@
 #include "support/versionReport.h"
 #include "tests/fakes/installFakePlatform.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/testFolders.h"
 
 #include <gtest/gtest.h>
 
@@ -94,7 +95,7 @@ void GoldenMachine::addYear(const std::string& sProduct, const std::string& sYea
 
 std::string GoldenMachine::goldenText(const std::string& sName)
 {
-    std::string sText = fileBytes(ZORVO_SOURCE_DIR "/tests/support/golden/" + sName);
+    std::string sText = fileBytes((sourceFolder() / "tests/support/golden" / sName).string());
     EXPECT_FALSE(sText.empty()) << sName;
     return sText;
 }
