@@ -13,6 +13,7 @@
 #include "platform/linux/environmentFolders.h"
 #include "platform/linux/office/OfficeInstallation.h"
 
+#include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QFileInfo>
@@ -23,8 +24,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <cstring>
-#include <filesystem>
+#include <optional>
 
 namespace zorvo {
 
@@ -100,10 +100,46 @@ bool hasBusAddress()
     return !runtimeFolder().empty() && access((runtimeFolder() + "/bus").c_str(), F_OK) == 0;
 }
 
+/// Nothing when there is none, or it can't be reached.
+std::optional<QDBusConnection> sessionBus()
+{
+    if (!hasBusAddress())
+        return std::nullopt;
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected() && bus.interface() ? std::optional(bus) : std::nullopt;
+}
+
 bool canBeStarted(const QDBusConnection& bus, const QString& name)
 {
     const QDBusReply<QStringList> names = bus.interface()->activatableServiceNames();
     return names.isValid() && names.value().contains(name);
+}
+
+std::string whyThereIsNoBus()
+{
+    if (!hasBusAddress())
+        return "There is no session bus: DBUS_SESSION_BUS_ADDRESS isn't set";
+    return "The session bus can't be reached: " +
+           QDBusConnection::sessionBus().lastError().message().toStdString();
+}
+
+Inspection::Program busProgram()
+{
+    Inspection::Program program{"session bus", {}, {}};
+    const auto bus = sessionBus();
+    if (!bus) {
+        program.faults.push_back({"bus.missing", whyThereIsNoBus()});
+        return program;
+    }
+    const QDBusReply<uint> process = bus->interface()->servicePid(QStringLiteral("org.freedesktop.DBus"));
+    if (process.isValid())
+        program.sPlace = linkTarget("/proc/" + std::to_string(process.value()) + "/exe");
+    program.sVersion = versionOfDaemon(program.sPlace);
+    if (ownerOf(*bus, kServiceName).isEmpty() && !canBeStarted(*bus, kServiceName))
+        program.faults.push_back({"bus.notActivatable", "The session bus doesn't know how to start " +
+                                                            kServiceName.toStdString() +
+                                                            ", so that add-ins can't open the program"});
+    return program;
 }
 
 bool isFolder(const std::string& path)
@@ -221,39 +257,10 @@ std::vector<Inspection::Store> LinuxInspection::stores()
 bool LinuxInspection::canServe(const std::string& busName, const std::string& executable)
 {
     const QString name = QString::fromStdString(busName);
-    const QDBusConnection* session = bus();
-    if (session && (!ownerOf(*session, name).isEmpty() || canBeStarted(*session, name)))
+    const auto bus = sessionBus();
+    if (bus && (!ownerOf(*bus, name).isEmpty() || canBeStarted(*bus, name)))
         return true;
-    return isFolder(executable) ? false : !executable.empty() && access(executable.c_str(), X_OK) == 0;
-}
-
-const QDBusConnection* LinuxInspection::bus()
-{
-    if (!bus_ && hasBusAddress())
-        bus_ = QDBusConnection::sessionBus();
-    return bus_ && bus_->isConnected() && bus_->interface() ? &*bus_ : nullptr;
-}
-
-Inspection::Program LinuxInspection::busProgram()
-{
-    Program program{"session bus", {}, {}};
-    const QDBusConnection* session = bus();
-    if (!session) {
-        program.faults.push_back(
-            {"bus.missing",
-             bus_ ? "The session bus can't be reached: " + bus_->lastError().message().toStdString()
-                  : std::string("There is no session bus: DBUS_SESSION_BUS_ADDRESS isn't set")});
-        return program;
-    }
-    const QDBusReply<uint> process = session->interface()->servicePid(QStringLiteral("org.freedesktop.DBus"));
-    if (process.isValid())
-        program.sPlace = linkTarget("/proc/" + std::to_string(process.value()) + "/exe");
-    program.sVersion = versionOfDaemon(program.sPlace);
-    if (ownerOf(*session, kServiceName).isEmpty() && !canBeStarted(*session, kServiceName))
-        program.faults.push_back({"bus.notActivatable", "The session bus doesn't know how to start " +
-                                                            kServiceName.toStdString() +
-                                                            ", so that add-ins can't open the program"});
-    return program;
+    return !executable.empty() && !isFolder(executable) && access(executable.c_str(), X_OK) == 0;
 }
 
 } // namespace zorvo
