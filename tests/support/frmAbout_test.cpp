@@ -255,6 +255,36 @@ TEST_F(AboutBox, ReportsAnEmptyLogAndEndsTheClick)
     EXPECT_THAT(fakes.launcher->started, IsEmpty());
 }
 
+TEST_F(AboutBox, ReportsALogThatCantBeReadAndEndsTheClick)
+{
+    fakes.files->addFile("C:\\Users\\Test\\Documents\\Halvern House\\Brendle\\Brendle.err", "a,b");
+    fakes.files->failOn(FakeFiles::Operation::read, "", kPermissionDenied);
+    loaded();
+    click("cmdSupport");
+    ASSERT_THAT(messages.tags(), ElementsAre("frmAbout.cmdSupport_Click"));
+    EXPECT_EQ(messages.reports[0].nNumber, kPermissionDenied);
+    EXPECT_THAT(fakes.libraries->loaded, IsEmpty());
+}
+
+TEST_F(AboutBox, ReportsAMissingDocumentsFolderAndEndsTheClick)
+{
+    fakes.folders->sDocuments.clear();
+    loaded();
+    click("cmdSupport");
+    EXPECT_THAT(messages.tags(), ElementsAre("frmAbout.cmdSupport_Click"));
+    EXPECT_THAT(fakes.libraries->loaded, IsEmpty());
+}
+
+TEST_F(AboutBox, ReportsAViewersCommandThatIsAllArgument)
+{
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\SharedTools\\MSInfo\\Path", "", "%1");
+    loaded();
+    click("cmdSupport");
+    ASSERT_THAT(messages.tags(), ElementsAre("frmAbout.cmdSupport_Click"));
+    EXPECT_EQ(messages.reports[0].nNumber, kInvalidCall);
+    EXPECT_TRUE(fakes.files->content(kReport)) << "the report was complete by then";
+}
+
 TEST_F(AboutBox, ReportsAViewerThatDoesntStartAndKeepsTheReport)
 {
     fakes.registry->setText(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\SharedTools\\MSInfo\\Path", "", "info");

@@ -167,6 +167,61 @@ TEST_F(SupportReport, DoesNotAskForTheCaptionWhenItCantBeWritten)
     EXPECT_EQ(failureOf([] { WriteSupportReport(); }), kPermissionDenied);
 }
 
+TEST_F(SupportReport, HasNothingOfALogThatIsOneHugeLine)
+{
+    setLog(std::string(16383, 'x'));
+    EXPECT_EQ(body(), "") << "its one item is the last";
+}
+
+TEST_F(SupportReport, KeepsItsHeadWhenTheLogCantBeRead)
+{
+    setLog("a,b,c");
+    fakes.files->failOn(FakeFiles::Operation::read, std::string(kFolder) + "Brendle.err", kPermissionDenied);
+    EXPECT_EQ(failureOf([] { WriteSupportReport(); }), kPermissionDenied);
+    EXPECT_EQ(report(), kHead);
+}
+
+TEST_F(SupportReport, TakesAFolderInTheLogsPlaceForNoLog)
+{
+    fakes.files->addFolder(std::string(kFolder) + "Brendle.err");
+    EXPECT_EQ(body(), "There are no entries in the error log.\r\n\r\n");
+}
+
+TEST_F(SupportReport, CantBeWrittenWithoutADocumentsFolder)
+{
+    fakes.folders->sDocuments.clear();
+    supportHost().mainCaption = [] {
+        ADD_FAILURE() << "reading it loads the main window";
+        return std::string();
+    };
+    EXPECT_NE(failureOf([] { WriteSupportReport(); }), 0);
+}
+
+TEST_F(SupportReport, MakesADocumentsFolderThatIsntThere)
+{
+    fakes.folders->sDocuments = "C:\\Users\\New\\Documents";
+    EXPECT_EQ(WriteSupportReport(), "C:\\Users\\New\\Documents\\Halvern House\\Brendle\\ZorvoSysOut.txt");
+}
+
+TEST_F(SupportReport, TakesTheViewersCommandWhateverTheTypeOfItsValue)
+{
+    const std::string sCommand("%windir%\0", 9);
+    fakes.registry->setBytes(HKEY_LOCAL_MACHINE, kViewerKey, "", RegistryType::expandString, sCommand);
+    EXPECT_EQ(failureOf([] { StartInformationViewer(); }), kInvalidCall) << "it isn't expanded";
+    fakes.registry->setBytes(HKEY_LOCAL_MACHINE, kViewerKey, "", RegistryType::dword,
+                             std::string("A\0\0\0", 4));
+    StartInformationViewer();
+    EXPECT_THAT(fakes.launcher->started, ElementsAre("A"));
+}
+
+TEST_F(SupportReport, GoesToTheSecondKeyWhenTheFirstOnesValueDoesntFit)
+{
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, kViewerKey, "", std::string(2048, 'v'));
+    fakes.registry->setText(HKEY_LOCAL_MACHINE, kDocumentKey, "", "other");
+    StartInformationViewer();
+    EXPECT_THAT(fakes.launcher->started, ElementsAre("other"));
+}
+
 TEST_F(SupportReport, StartsTheInformationViewerThatTheFirstKeyNames)
 {
     fakes.registry->setText(HKEY_LOCAL_MACHINE, kViewerKey, "", "C:\\Info\\info.exe");
