@@ -18,6 +18,8 @@ public:
     /// throws RunTimeError 75 when it can't be made safely.
     virtual std::string temporary() = 0;
     virtual std::string special(int id) = 0;
+    /// The process's current folder.
+    virtual std::string current() = 0;
 };
 
 } // namespace zorvo

@@ -19,6 +19,12 @@ public:
         return std::make_shared<LibreOfficeWord>(sessions_);
     }
 
+    std::shared_ptr<WordApplication> createWordForUser() override
+    {
+        findOffice(OfficeDocumentKind::text);
+        return std::make_shared<LibreOfficeWord>(sessions_, DocumentCore::Place::hidden);
+    }
+
     std::shared_ptr<ExcelApplication> createExcel() override
     {
         findOffice(OfficeDocumentKind::spreadsheet);

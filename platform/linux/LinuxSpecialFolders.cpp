@@ -151,6 +151,12 @@ std::string LinuxSpecialFolders::special(int id)
     }
 }
 
+std::string LinuxSpecialFolders::current()
+{
+    char folder[PATH_MAX];
+    return getcwd(folder, sizeof folder) != nullptr ? shownFolder(folder) : std::string();
+}
+
 std::string LinuxSpecialFolders::shownFolder(const std::string& native) const
 {
     return paths_.fromNative(native);

@@ -22,6 +22,8 @@ public:
     /// one with a name that can't be foreseen when somebody has put his own there.
     std::string temporary() override;
     std::string special(int id) override;
+    /// Empty also when it was deleted.
+    std::string current() override;
 
 private:
     std::string shownFolder(const std::string& native) const;

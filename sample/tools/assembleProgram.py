@@ -14,6 +14,10 @@ import xml.etree.ElementTree as ElementTree
 from html import escape
 from pathlib import Path
 
+sys.dont_write_bytecode = True
+
+from disclosureSource import examples_of_year, read_edition
+
 OWN_CATALOGUE = "Zorvo Library.xml"
 EXAMPLE_EXTENSION = "rtf"
 
@@ -58,14 +62,14 @@ def install(product, folder, templates, carried):
         copy_tree(carried, folder)
 
 
-def install_library(acronym, folder, templates):
+def install_library(source, year, folder, templates):
     """An edition of the library: the examples, the frame of the result, and the master beside the folder."""
-    examples = templates / "disclosures" / acronym
-    if not examples.is_dir():
-        return
-    copy_tree(examples, folder)
+    examples = read_edition(source)
+    for example in examples_of_year(examples, year):
+        copy(templates / "disclosures" / source.stem / f"{example.title}.rtf", folder / f"{example.title}.rtf")
+    newest = max((example.since for example in examples_of_year(examples, year)), default=0)
     copy(templates / "word" / "SWD.dot", folder / "SWD.dot")
-    copy(templates / "masters" / acronym / "master.dot", Path(f"{folder}All{EXAMPLE_EXTENSION}.dot"))
+    copy(templates / "masters" / source.stem / f"{newest}.dot", Path(f"{folder}All{EXAMPLE_EXTENSION}.dot"))
 
 
 def report(products, target):
@@ -98,7 +102,9 @@ def main(source, templates, program):
         own = carried / OWN_CATALOGUE
         product = (products_of(own) if own.exists() else central)[acronym, year]
         install(product, folder, templates, carried)
-        install_library(acronym, folder, templates)
+        edition = source / "sample" / "templates" / "disclosures" / f"{acronym}.txt"
+        if edition.exists():
+            install_library(edition, year, folder, templates)
         if (folder / "HTML").is_dir():
             for path in (program / "TreeData" / "HTML").glob("*.[cp][sn][sg]"):
                 copy(path, folder / "HTML" / path.name)

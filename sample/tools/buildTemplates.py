@@ -3,9 +3,11 @@
 
     buildTemplates.py SOURCES OUTPUT
 
-SOURCES holds word/*.txt, excel/*.txt and disclosures/EDITION/*.txt. Each becomes a flat document below OUTPUT/flat,
-and LibreOffice turns these, all of one kind in one run, into OUTPUT/word/*.dot, OUTPUT/excel/*.xlt and
-OUTPUT/disclosures/EDITION/*.rtf. Only documents that changed are converted again.
+SOURCES holds word/*.txt, excel/*.txt and disclosures/EDITION.txt. Each of the first two becomes a flat document below
+OUTPUT/flat, and LibreOffice turns these, all of one kind in one run, into OUTPUT/word/*.dot and OUTPUT/excel/*.xlt.
+An edition's examples become OUTPUT/disclosures/EDITION/*.rtf, and its masters, which hold all examples, become
+OUTPUT/masters/EDITION/YEAR.dot, where YEAR is the first that has just these; "0" is the oldest.
+Only documents that changed are converted again.
 """
 
 import os
@@ -16,13 +18,14 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 
+from disclosureSource import examples_of_year, read_edition
 from excelTemplate import excel_document
+from richText import rich_text
 from templateSource import Source, SourceError, read_source
 from wordTemplate import word_document
 
 WORD = ("dot", "MS Word 97 Vorlage")
 EXCEL = ("xlt", "MS Excel 97 Vorlage/Template")
-RTF = ("rtf", "Rich Text Format")
 COMPOUND_FILE = bytes.fromhex("D0CF11E0A1B11AE1")
 SECONDS_PER_RUN = 300
 
@@ -42,11 +45,10 @@ def remove_strangers(folder, names):
             path.unlink()
 
 
-def is_whole(path, extension):
+def is_whole(path):
     if not path.exists():
         return False
-    start = path.read_bytes()[:8]
-    return start.startswith(b"{\\rtf") if extension == "rtf" else start == COMPOUND_FILE
+    return path.read_bytes()[:8] == COMPOUND_FILE
 
 
 def convert(flat_files, target, kind, profile):
@@ -59,7 +61,7 @@ def convert(flat_files, target, kind, profile):
     result = subprocess.run(command, capture_output=True, text=True, timeout=SECONDS_PER_RUN, env=environment)
     for flat in flat_files:
         made = target / f"{flat.stem}.{extension}"
-        if not is_whole(made, extension):
+        if not is_whole(made):
             made.unlink(missing_ok=True)
             raise SourceError(f"{flat}: LibreOffice made no {extension} of it\n{result.stdout}{result.stderr}")
 
@@ -72,7 +74,7 @@ def build(documents, flat_folder, target, kind, profile):
     for stem, text in documents:
         flat = flat_folder / f"{stem}.{flat_extension}"
         made = target / f"{stem}.{extension}"
-        if write_if_changed(flat, text) or not is_whole(made, extension):
+        if write_if_changed(flat, text) or not is_whole(made):
             made.unlink(missing_ok=True)
             pending.append(flat)
     stems = [stem for stem, _ in documents]
@@ -87,14 +89,33 @@ def sources_in(folder):
     return [read_source(path) for path in sorted(folder.glob("*.txt"))]
 
 
+def row_text(cells):
+    return ": ".join(filter(None, [cells[0], ", ".join(filter(None, cells[1:]))]))
+
+
 def master_of(edition, examples):
-    """All examples of an edition in one document, each a table of one cell."""
+    """All examples of an edition in one document, each a table of one column."""
     head = {"title": "All Examples", "reference": "", "purpose": "Every example of this edition.", "kind": "letter"}
     lines = []
     for example in examples:
-        text = " ".join(line for _, line in example.lines if line.strip() and not line.startswith("#"))
-        lines += [(0, f"| {example.head['title']} |"), (0, f"| {text} |"), (0, "")]
+        texts = [example.title]
+        for block in example.blocks:
+            texts += [row_text(cells) for cells in block] if isinstance(block, list) else [block]
+        lines += [(0, f"| {text} |") for text in filter(None, texts)] + [(0, "")]
     return Source(edition, head, lines)
+
+
+def build_edition(path, output, profile):
+    examples = read_edition(path)
+    folder = output / "disclosures" / path.stem
+    for example in examples:
+        write_if_changed(folder / f"{example.title}.rtf", rich_text(example))
+    remove_strangers(folder, {f"{example.title}.rtf" for example in examples})
+    years = sorted({example.since for example in examples} | {0})
+    masters = [
+        (str(year), word_document(master_of(path, examples_of_year(examples, f"{year:04}")))) for year in years
+    ]
+    return build(masters, output / "flat" / "masters" / path.stem, output / "masters" / path.stem, WORD, profile)
 
 
 def main(sources, output):
@@ -105,15 +126,10 @@ def main(sources, output):
     count += build(word, flat / "word", output / "word", WORD, profile)
     excel = [(s.path.stem, excel_document(s)) for s in sources_in(sources / "excel")]
     count += build(excel, flat / "excel", output / "excel", EXCEL, profile)
-    for edition in sorted((sources / "disclosures").iterdir()):
-        examples = sources_in(edition)
-        target = output / "disclosures" / edition.name
-        texts = [(s.path.stem, word_document(s)) for s in examples]
-        count += build(texts, flat / "disclosures" / edition.name, target, RTF, profile)
-        master = [("master", word_document(master_of(edition, examples)))]
-        count += build(master, flat / "masters" / edition.name, output / "masters" / edition.name, WORD, profile)
+    for edition in sorted((sources / "disclosures").glob("*.txt")):
+        count += build_edition(edition, output, profile)
     shutil.rmtree(profile, ignore_errors=True)
-    print(f"{count} of {len(word) + len(excel)} templates and the examples were converted")
+    print(f"{count} templates and masters were converted")
 
 
 if __name__ == "__main__":

@@ -6,6 +6,7 @@
 #include "catalogue/forms/frmEngagementList.h"
 #include "creation/forms/QtCreationForms.h"
 #include "search/ShowSearchForm.h"
+#include "search/forms/BuildDisclosureProgressForm.h"
 #include "shell/Settings.h"
 #include "shell/ShellForms.h"
 #include "shell/forms/TemplateTree.h"
@@ -104,6 +105,7 @@ void installQtForms()
                          templateTree().get();
                          ZorvoQuickTour();
                      }};
+    installDisclosureProgressForm();
     installQtCreationForms({[](const std::string& sInstanceName) {
                                 singleInstance().get().setInstanceName(sInstanceName);
                                 singleInstance().get().showModeless();

@@ -21,9 +21,11 @@ public:
     /// Throws 75 while `sTemporary` is empty.
     std::string temporary() override;
     std::string special(int id) override;
+    std::string current() override { return sCurrent; }
 
     std::string sProgram = "C:\\Zorvo";
     std::string sDocuments = "C:\\Users\\Test\\Documents";
+    std::string sCurrent = "C:\\Windows\\System32";
     std::string sTemporary = "C:\\Users\\Test\\Temp\\";
     std::map<int, std::string> specials = {
         {kDocuments, "C:\\Users\\Test\\Documents"},

@@ -2,10 +2,12 @@
 
 #include "platform/Office.h"
 #include "tests/fakes/FakeObjectCreator.h"
+#include "tests/fakes/RecordedBody.h"
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +19,7 @@ struct RecordedOffice {
         std::string sLineBeginning;
         int nNumber = 0;
         int nTimesLeft = 0; // below 0: always
+        int nLetThrough = 0;
     };
 
     /// Notes the line, then throws what `fail` asked for.
@@ -29,6 +32,9 @@ struct RecordedOffice {
     std::map<std::string, std::shared_ptr<FakeLateBoundObject>> addInObjects; // by upper-cased ProgID
     std::vector<OfficeAddIn> wordAddIns;
     std::vector<OfficeAddIn> excelAddIns;
+    std::vector<std::shared_ptr<RecordedBody>> openBodies;
+    std::map<std::string, std::vector<std::string>> savedBodies;
+    int nSplitSpecial = 0;
     std::string sWordVersion = "11.0";
     std::string sExcelVersion = "12.0";
     bool bNeverReplace = false;
@@ -51,15 +57,34 @@ struct RecordedOffice {
 ///     Word.ActiveDocument.FullName
 ///     Word.ActiveDocument.Close
 ///     Word.ActiveWindow.ActivePane.Activate
+///     Word.ChangeFileOpenDirectory "C:\D"
+///     Word.Selection.InsertFile "C:\D\Lease.rtf"
+///     Word.Selection.Information(12)
+///     Word.Selection.Delete
+///     Word.Selection.HomeKey 6
+///     Word.ActiveDocument.Tables.Count
+///     Word.ActiveDocument.Tables(2).Range.Text    (taking the table is no line of its own)
+///     Word.ActiveDocument.Tables(2).Select
+///     Word.ActiveDocument.Tables(2).Delete
+///     Word.ActiveWindow.View.SplitSpecial
+///     Word.ActiveWindow.ActivePane.View.Type = 3
+///     Word.ActiveWindow.View.Type = 3
+///     Word.ActiveWindow.Activate
+///     Word.ActiveWindow.Close 0                   (closed without saving)
+///     Word.Activate
+///     Word.WindowState = 1
 ///     Word.Quit
 ///     Excel.EnableEvents = False
 ///     Excel.Workbooks.Add "C:\T\BUDGET.XLT"
 ///     Excel.ActiveWorkbook.SaveAs "C:\D\Budget.xls" 56 1
 ///     Excel.ActiveWorkbook.Close False            (closed without saving)
 ///     Excel.ActiveWindow.View = 1
+///     Excel.DisplayAlerts = False
+///     Excel.ActivateMicrosoftApp 1
 ///
 /// Taking the active document is no line of its own. Files are those of `platform().files`, when a test has
-/// installed one: a template that isn't there fails (Word 5174, Excel 53), a save writes a file.
+/// installed one: a template that isn't there fails (Word 5174, Excel 53), a save writes a file. What a
+/// template or an inserted file holds is a Word document's body, as RecordedBody has it.
 class RecordingOffice : public Office {
 public:
     RecordingOffice();
@@ -68,16 +93,21 @@ public:
     RecordingOffice& operator=(const RecordingOffice&) = delete;
 
     std::shared_ptr<WordApplication> createWord() override;
+    /// The same line.
+    std::shared_ptr<WordApplication> createWordForUser() override;
     std::shared_ptr<ExcelApplication> createExcel() override;
     void setNeverReplaceFiles(bool bNever) override { state_->bNeverReplace = bNever; }
     void setIdleWork(std::function<void()> work) override { idleWork = std::move(work); }
 
     std::vector<std::string> calls() const { return state_->lines; }
     void clearCalls() { state_->lines.clear(); }
+    /// A line of the test's own among the calls.
+    void note(const std::string& sLine) { state_->lines.push_back(sLine); }
 
     /// Every call whose line begins with `sLineBeginning` throws RunTimeError `nNumber`, the first `nTimes`
-    /// times or, below 0, always. The call is still recorded. "Word.ActiveDocument" fails the taking of it.
-    void fail(const std::string& sLineBeginning, int nNumber, int nTimes = -1);
+    /// times or, below 0, always; `nLetThrough` such calls go well before. The call is still recorded.
+    /// "Word.ActiveDocument" fails the taking of it.
+    void fail(const std::string& sLineBeginning, int nNumber, int nTimes = -1, int nLetThrough = 0);
 
     /// The applications' lists of add-ins.
     std::vector<OfficeAddIn>& wordAddIns() { return state_->wordAddIns; }
@@ -87,6 +117,15 @@ public:
     /// Puts an add-in object into both applications; without it `comAddIn` throws 429. It has the members
     /// that the products' add-ins have, all without a result; `answer` changes or adds one.
     FakeLateBoundObject& provideAddIn(const std::string& sProgId);
+
+    /// The lines of the newest Word document that nobody has closed, also when its application has gone.
+    std::optional<std::vector<std::string>> wordDocument() const;
+    /// Those of a document that was saved.
+    std::vector<std::string> savedDocument(const std::string& sFileName) const
+    {
+        return state_->savedBodies.at(sFileName);
+    }
+    void setSplitSpecial(int nPart) { state_->nSplitSpecial = nPart; }
 
     bool neverReplacesFiles() const { return state_->bNeverReplace; }
     /// Application objects that somebody still holds.

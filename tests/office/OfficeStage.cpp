@@ -10,6 +10,8 @@
 #include "tests/office/TestDesk.h"
 
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 namespace zorvo {
 
@@ -27,6 +29,19 @@ public:
     Office& office() override { return office_; }
     std::string letterTemplate() override { return "C:\\T\\LETTER.DOT"; }
     std::string budgetTemplate() override { return "C:\\T\\BUDGET.XLT"; }
+    std::string textTemplate(const std::vector<std::string>& lines) override { return file(".dot", lines); }
+    std::string richText(const std::vector<std::string>& lines) override { return file(".rtf", lines); }
+    std::vector<std::string> savedLines(const std::string& sPath) override
+    {
+        std::vector<std::string> cells;
+        for (const std::string& sLine : office_.savedDocument(sPath)) {
+            std::istringstream parts(sLine);
+            for (std::string sPart; std::getline(parts, sPart, '|');)
+                if (!sPart.empty())
+                    cells.push_back(sPart);
+        }
+        return cells;
+    }
     std::string folder() override { return "C:\\Out\\"; }
     std::optional<std::string> content(const std::string& sPath) override
     {
@@ -44,6 +59,17 @@ public:
     }
 
 private:
+    std::string file(const std::string& sExtension, const std::vector<std::string>& lines)
+    {
+        std::string sContents;
+        for (const std::string& sLine : lines)
+            sContents += sLine + "\n";
+        const std::string sName = "C:\\T\\text " + std::to_string(++nFiles_) + sExtension;
+        fakes_.files->addFile(sName, sContents);
+        return sName;
+    }
+
+    int nFiles_ = 0;
     FakePlatform fakes_;
     RecordingOffice office_;
 };
@@ -60,6 +86,28 @@ public:
     /// In upper case all through, as the program hands it over.
     std::string letterTemplate() override { return upperCase(dos(desk_.templates() / "LETTER.DOT")); }
     std::string budgetTemplate() override { return upperCase(dos(desk_.templates() / "BUDGET.XLT")); }
+    std::string textTemplate(const std::vector<std::string>& lines) override
+    {
+        const std::filesystem::path file = desk_.newFolder() / "text.fodt";
+        std::ofstream(file) << flatText(lines);
+        return dos(file);
+    }
+    std::string richText(const std::vector<std::string>& lines) override
+    {
+        const std::filesystem::path file = desk_.newFolder() / "text.rtf";
+        std::ofstream(file) << richTextOf(lines);
+        return dos(file);
+    }
+    std::vector<std::string> savedLines(const std::string& sPath) override
+    {
+        std::vector<std::string> lines;
+        std::istringstream text(textOf(platform().files->toNative(sPath)));
+        for (std::string sLine; std::getline(text, sLine);)
+            if (const std::string sBare = replaceAll(replaceAll(sLine, "\r", ""), "\xEF\xBB\xBF", "");
+                !sBare.empty())
+                lines.push_back(sBare);
+        return lines;
+    }
     std::string folder() override { return dos(desk_.newFolder()) + "\\"; }
     std::optional<std::string> content(const std::string& sPath) override
     {

@@ -171,6 +171,57 @@ std::string bytesOf(const fs::path& file)
     return bytes.str();
 }
 
+namespace {
+
+std::vector<std::string> cellsOf(const std::string& line)
+{
+    std::vector<std::string> cells;
+    std::istringstream parts(line.substr(1));
+    for (std::string cell; std::getline(parts, cell, '|');)
+        cells.push_back(cell);
+    return cells;
+}
+
+} // namespace
+
+std::string flatText(const std::vector<std::string>& lines)
+{
+    std::string text = std::string(kRootElement) + "text\"><office:body><office:text>";
+    for (const std::string& line : lines) {
+        if (!line.starts_with('|')) {
+            text += "<text:p>" + line + "</text:p>";
+            continue;
+        }
+        text += "<table:table>";
+        for (std::size_t n = 0; n < cellsOf(line).size(); ++n)
+            text += "<table:table-column/>";
+        text += "<table:table-row>";
+        for (const std::string& cell : cellsOf(line))
+            text += "<table:table-cell><text:p>" + cell + "</text:p></table:table-cell>";
+        text += "</table:table-row></table:table>";
+    }
+    return text + "</office:text></office:body></office:document>";
+}
+
+std::string richTextOf(const std::vector<std::string>& lines)
+{
+    std::string text = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\n";
+    for (const std::string& line : lines) {
+        if (!line.starts_with('|')) {
+            text += "\\pard\\plain " + line + "\\par\n";
+            continue;
+        }
+        const std::vector<std::string> cells = cellsOf(line);
+        text += "\\trowd";
+        for (std::size_t n = 1; n <= cells.size(); ++n)
+            text += "\\cellx" + std::to_string(n * 2000);
+        for (const std::string& cell : cells)
+            text += "\\pard\\intbl " + cell + "\\cell";
+        text += "\\row\n";
+    }
+    return text + "}";
+}
+
 std::string textOf(const fs::path& file)
 {
     const fs::path folder = TestDesk::instance().newFolder();

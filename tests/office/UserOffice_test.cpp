@@ -56,6 +56,16 @@ public:
 
     const std::string& display() const { return sDisplay_; }
 
+    /// A window with that in its title is on the screen.
+    bool shows(const std::string& title) const
+    {
+        const std::string display = "DISPLAY=" + sDisplay_ + " ";
+        return !outputOf("for id in $(" + display + "xwininfo -root -tree 2>/dev/null | grep -F '" + title +
+                         "' | grep -o '^ *0x[0-9a-f]*'); do " + display +
+                         "xwininfo -id $id 2>/dev/null | grep IsViewable; done")
+                    .empty();
+    }
+
     /// The titles of the windows, as a window manager would see them.
     std::string windows() const
     {
@@ -269,6 +279,76 @@ TEST_F(UserOffice, ABrokenTemplateShowsNothingAndAsksNothing)
         EXPECT_EQ(numberOf([&] { word->documentsAdd(dos(desk.templates() / name)); }), kPathOrFileAccess)
             << name;
     EXPECT_THAT(screen.windows(), testing::Not(HasSubstr("PROTECTED")));
+}
+
+TEST_F(UserOffice, WhatIsMadeForTheUserStaysHiddenInHisOfficeUntilItIsShown)
+{
+    const auto word = office->createWordForUser();
+    word->setVisible(false);
+    word->documentsAdd(letter());
+    EXPECT_THAT(officeChildren(), IsEmpty());
+    EXPECT_THAT(usersOffices(), SizeIs(1));
+    std::ofstream(folder / "one.rtf") << richTextOf({"first example"});
+    std::ofstream(folder / "two.rtf") << richTextOf({"second example", "|a|"});
+    word->selection().insertFile(dos(folder / "one.rtf"));
+    word->selection().insertFile(dos(folder / "two.rtf"));
+    word->activate();
+    EXPECT_FALSE(waitUntil([&] { return screen.shows("Untitled"); }, 500));
+    word->setVisible(true);
+    word->setWindowState(1);
+    word->activate();
+    word->activeWindow().activate();
+    word->selection().homeKey(6);
+    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); }, 5000)) << screen.windows();
+    EXPECT_EQ(word->activeDocument()->fullName(), "");
+    EXPECT_EQ(numberOf([&] { word->activeDocument()->close(); }), kPermissionDenied) << "it isn't saved";
+    word->activeDocument()->saveAs(dos(folder / "Result.doc"), 0);
+    EXPECT_THAT(textOf(folder / "Result.doc"),
+                testing::MatchesRegex("(.|\n|\r)*first example(.|\n|\r)*second example(.|\n|\r)*"
+                                      "a(.|\n|\r)*Dear reader(.|\n|\r)*"));
+}
+
+TEST_F(UserOffice, WhatWasNeverShownGoesWithItsApplication)
+{
+    {
+        const auto word = office->createWordForUser();
+        word->documentsAdd(letter());
+        word->documentsAdd();
+        const auto another = office->createWordForUser();
+        another->documentsAdd(letter());
+        another->quit();
+    }
+    const auto word = office->createWord();
+    word->setVisible(true);
+    word->documentsAdd(letter());
+    // The office counts the documents that it holds.
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000))
+        << screen.windows();
+}
+
+TEST_F(UserOffice, AnOfficeWithoutAScreenIsRefusedBeforeAnythingIsMade)
+{
+    const ScopedVariable none("DISPLAY", ":4711");
+    const auto word = office->createWordForUser();
+    EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kCannotCreateObject);
+}
+
+TEST_F(UserOffice, ADamagedFileIsNotInserted)
+{
+    const auto word = office->createWordForUser();
+    const std::string whole = richTextOf({"words", "more words"});
+    word->documentsAdd(letter());
+    std::ofstream(folder / "truncated.rtf") << whole.substr(0, whole.size() / 2);
+    std::ofstream(folder / "random.rtf") << std::string(5000, 'x');
+    std::ofstream(folder / "nothing.rtf") << "{\\rtf1 }}}}{{{{ \\bin99999999 }";
+    std::ofstream(folder / "zeros.rtf") << whole << "\r\n" << std::string(1, '\0');
+    for (const char* name : {"truncated.rtf", "random.rtf", "nothing.rtf"})
+        EXPECT_EQ(numberOf([&] { word->selection().insertFile(dos(folder / name)); }), kPathOrFileAccess)
+            << name;
+    word->selection().insertFile(dos(folder / "zeros.rtf"));
+    word->activeDocument()->saveAs(dos(folder / "Result.doc"), 0);
+    EXPECT_THAT(textOf(folder / "Result.doc"), HasSubstr("words"));
+    EXPECT_EQ(fs::file_size(folder / "truncated.rtf"), whole.size() / 2);
 }
 
 TEST_F(UserOffice, OneThatHangsIsLeftAlone)

@@ -219,21 +219,56 @@ class Templates(unittest.TestCase):
 
 
 class Libraries(unittest.TestCase):
-    def test_every_installed_edition_can_be_searched(self):
+    @staticmethod
+    def editions():
+        """[(Product element of the index, group, year, AppPath2)] of all installed editions."""
         index = parse(PROGRAM / "TreeData" / "SWDXML.xml")
-        editions = {p.findtext("ID").strip(): p for p in index.iter("Product")}
-        found = 0
-        for group, product, _, path in installed():
-            if product in editions:
-                found += 1
-                edition, folder = editions[product], native(path)
-                extension = edition.findtext("rdfExt").strip()
-                self.assertEqual(index.get("group"), group)
-                self.assertFalse(path.endswith("\\"), "the search joins this folder with a backslash of its own")
-                self.assertGreaterEqual(len(list(folder.glob(f"*.{extension}"))), 5)
-                self.assertTrue((folder / f"SWD.{edition.findtext('template').strip()}").is_file())
-                self.assertTrue(Path(f"{folder}All{extension}.dot").is_file())
-        self.assertGreaterEqual(found, 2)
+        known = {p.findtext("ID").strip(): p for p in index.iter("Product")}
+        return [(known[product], group, year, path) for group, product, year, path in installed() if product in known]
+
+    @classmethod
+    def examples(cls):
+        return [path for edition, _, _, folder in cls.editions()
+                for path in native(folder).glob("*." + edition.findtext("rdfExt").strip())]
+
+    def test_every_installed_edition_can_be_searched(self):
+        group = parse(PROGRAM / "TreeData" / "SWDXML.xml").get("group")
+        for edition, its_group, _, path in self.editions():
+            folder, extension = native(path), edition.findtext("rdfExt").strip()
+            self.assertEqual(group, its_group)
+            self.assertFalse(path.endswith("\\"), "the search joins this folder with a backslash of its own")
+            self.assertTrue((folder / f"SWD.{edition.findtext('template').strip()}").is_file())
+            self.assertEqual(COMPOUND_FILE, Path(f"{folder}All{extension}.dot").read_bytes()[:8])
+
+    def test_three_editions_over_two_years_hold_a_hundred_and_fifty_examples(self):
+        self.assertEqual({"SablewoodLibrary", "SablewoodGovernment", "SablewoodNonprofit"},
+                         {edition.findtext("ID").strip() for edition, *_ in self.editions()})
+        self.assertGreaterEqual(len({year[:4] for _, _, year, _ in self.editions()}), 2)
+        contents = {path.read_bytes() for path in self.examples()}
+        self.assertGreaterEqual(len(contents), 150)
+
+    def test_examples_are_whole_rich_texts_that_begin_with_their_titles(self):
+        for path in self.examples():
+            text = path.read_text(encoding="ascii")
+            self.assertTrue(text.startswith("{\\rtf1"), path)
+            bare = re.sub(r"\\[\\{}]", "", text)
+            self.assertEqual(bare.count("{"), bare.count("}"), path)
+            self.assertIn(f" {path.stem}\\par", text)
+
+    def test_a_master_holds_every_example_of_its_year_and_no_other(self):
+        for edition, _, _, path in self.editions():
+            folder = native(path)
+            master = Path(f"{folder}All{edition.findtext('rdfExt').strip()}.dot").read_bytes()
+            text = master.decode("latin-1") + master.decode("utf-16-le", "ignore")
+            here = {example.stem for example in folder.glob("*.rtf")}
+            for title in {example.stem for example in self.examples()}:
+                # A table's first cell, with the mark that ends it.
+                self.assertEqual(title in here, f"{title}\a" in text, f"{folder.name}: {title}")
+
+    def test_a_newer_year_has_examples_that_the_older_lacks(self):
+        years = {year: {example.name for example in native(path).glob("*.rtf")} for edition, _, year, path
+                 in self.editions() if edition.findtext("ID").strip() == "SablewoodLibrary"}
+        self.assertLess(years["2006"], years["2007"])
 
 
 class Engagements(unittest.TestCase):

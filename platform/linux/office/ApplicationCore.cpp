@@ -1,6 +1,9 @@
 #include "platform/linux/office/ApplicationCore.h"
 
 #include "base/RunTimeError.h"
+#include "base/paths.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
 #include "platform/linux/office/OfficeAddInObject.h"
 
 #include <cstdlib>
@@ -17,9 +20,11 @@ std::string versionOf(const char* variable, const std::string& otherwise)
 
 } // namespace
 
-ApplicationCore::ApplicationCore(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind)
+ApplicationCore::ApplicationCore(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind,
+                                 DocumentCore::Place hiddenPlace)
     : sessions_(std::move(sessions))
     , kind_(kind)
+    , hiddenPlace_(hiddenPlace)
     , addIns_(kind)
 {
 }
@@ -80,12 +85,15 @@ LateBoundPtr ApplicationCore::comAddIn(const std::string& sProgId)
 
 void ApplicationCore::add(const std::string& sTemplate)
 {
-    open({.kind = kind_, .sFile = sTemplate, .bAsTemplate = !sTemplate.empty(), .bMacros = bEvents_});
+    open({.kind = kind_,
+          .sFile = fullNameOf(sTemplate),
+          .bAsTemplate = !sTemplate.empty(),
+          .bMacros = bEvents_});
 }
 
 void ApplicationCore::open(const std::string& sFileName)
 {
-    open({.kind = kind_, .sFile = sFileName, .bAsTemplate = false, .bMacros = bEvents_});
+    open({.kind = kind_, .sFile = fullNameOf(sFileName), .bAsTemplate = false, .bMacros = bEvents_});
 }
 
 void ApplicationCore::open(const DocumentOrigin& origin)
@@ -96,7 +104,7 @@ void ApplicationCore::open(const DocumentOrigin& origin)
     if (bVisible_)
         screen_ = sessions_->userSession(kind_);
     auto document = std::make_shared<DocumentCore>(sessions_, this);
-    document->open(origin, bVisible_ ? DocumentCore::Place::screen : DocumentCore::Place::ownOffice);
+    document->open(origin, bVisible_ ? DocumentCore::Place::screen : hiddenPlace_);
     documents_.push_back(document);
 }
 
@@ -107,6 +115,27 @@ std::shared_ptr<DocumentCore> ApplicationCore::active()
     if (documents_.empty())
         throw RunTimeError(kObjectNotSet);
     return documents_.back();
+}
+
+void ApplicationCore::raise()
+{
+    mustRun();
+    if (!documents_.empty())
+        active()->raise();
+}
+
+void ApplicationCore::setFolder(const std::string& sFolder)
+{
+    mustRun();
+    if (!sFolder.empty() && !platform().files->folderExists(sFolder))
+        throw RunTimeError(kPathNotFound);
+    sFolder_ = sFolder;
+}
+
+std::string ApplicationCore::fullNameOf(const std::string& sFileName) const
+{
+    const bool bNameAlone = !sFileName.empty() && sFileName.find_first_of("\\/:") == std::string::npos;
+    return bNameAlone && !sFolder_.empty() ? sJoinPath(sFolder_, sFileName) : sFileName;
 }
 
 void ApplicationCore::quit()

@@ -12,7 +12,9 @@ namespace zorvo {
 /// What Word and Excel share: an application object with the documents that were opened through it.
 class ApplicationCore {
 public:
-    ApplicationCore(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind);
+    /// `hiddenPlace` is where documents are while the application isn't visible.
+    ApplicationCore(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind,
+                    DocumentCore::Place hiddenPlace);
     ~ApplicationCore();
     ApplicationCore(const ApplicationCore&) = delete;
     ApplicationCore& operator=(const ApplicationCore&) = delete;
@@ -30,6 +32,12 @@ public:
     void open(const std::string& sFileName);
     /// Throws RunTimeError 91 when no document is open.
     std::shared_ptr<DocumentCore> active();
+    /// Brings the active document to the front; without one there is nothing to bring.
+    void raise();
+    /// The folder of names that have none; empty: they name nothing. Throws RunTimeError 76 when it isn't
+    /// there.
+    void setFolder(const std::string& sFolder);
+    std::string fullNameOf(const std::string& sFileName) const;
     void quit();
 
 private:
@@ -38,6 +46,8 @@ private:
 
     std::shared_ptr<OfficeSessions> sessions_;
     OfficeDocumentKind kind_;
+    DocumentCore::Place hiddenPlace_;
+    std::string sFolder_;
     OfficeAddInList addIns_;
     std::vector<std::shared_ptr<DocumentCore>> documents_; // the last one is active
     /// The user's office as this object knows it: once it hangs, this object asks it for nothing more.

@@ -43,8 +43,8 @@ void DocumentCore::open(const DocumentOrigin& origin, Place place)
         checkDocumentFile(sNativeFile_,
                           origin.kind == OfficeDocumentKind::text ? kWordFileNotFound : kFileNotFound);
     }
-    if (place == Place::screen)
-        take(loadOnScreen(sNativeFile_, origin.bAsTemplate), place);
+    if (place != Place::ownOffice)
+        take(loadOnScreen(sNativeFile_, origin.bAsTemplate, place == Place::screen), place);
     else if (!sNativeFile_.empty())
         take(loadInOwnOffice(), place);
     if (!origin.bAsTemplate)
@@ -66,14 +66,14 @@ DocumentCore::Loaded DocumentCore::loadInOwnOffice() const
     return loaded;
 }
 
-DocumentCore::Loaded DocumentCore::loadOnScreen(const std::string& native, bool bAsTemplate) const
+DocumentCore::Loaded DocumentCore::loadOnScreen(const std::string& native, bool bAsTemplate, bool bShow) const
 {
     Loaded loaded{.session = sessions_->userSession(origin_.kind)};
     OfficeLoad what = request(origin_.kind, native, bAsTemplate, origin_.bMacros);
     what.bOpenOnce = !native.empty() && !bAsTemplate;
-    loaded.nDocument = loaded.session->ask<int>([what](OfficeConnection& office) {
+    loaded.nDocument = loaded.session->ask<int>([what, bShow](OfficeConnection& office) {
         const int nDocument = office.load(what);
-        if (office.show(nDocument))
+        if (bShow ? office.show(nDocument) : office.isShowable(nDocument))
             return nDocument;
         office.close(nDocument);
         return 0;
@@ -123,6 +123,12 @@ void DocumentCore::show()
 {
     if (!isOpen() || place_ == Place::screen)
         return;
+    if (place_ == Place::hidden) {
+        loaded_.session->ask<bool>(
+            [n = loaded_.nDocument](OfficeConnection& office) { return office.show(n); });
+        place_ = Place::screen;
+        return;
+    }
     const Loaded shown = loadAgainOnScreen();
     if (loaded_.session)
         loaded_.session->tell([n = loaded_.nDocument](OfficeConnection& office) { office.close(n); });
@@ -136,10 +142,22 @@ void DocumentCore::raise()
         loaded_.session->run([n = loaded_.nDocument](OfficeConnection& office) { office.toFront(n); });
 }
 
+void DocumentCore::maximize()
+{
+    if (place_ == Place::screen)
+        loaded_.session->run([n = loaded_.nDocument](OfficeConnection& office) { office.maximize(n); });
+}
+
 void DocumentCore::showNormalView()
 {
     need();
     loaded_.session->run([n = loaded_.nDocument](OfficeConnection& office) { office.showNormalView(n); });
+}
+
+void DocumentCore::showPageView()
+{
+    need();
+    loaded_.session->run([n = loaded_.nDocument](OfficeConnection& office) { office.showPageView(n); });
 }
 
 std::string DocumentCore::fullName()
@@ -176,8 +194,8 @@ void DocumentCore::saveAs(const std::string& sFileName, const std::string& sFilt
         throw;
     }
     deliverFile(staged.path(), target, existing);
-    // On the screen it has to know its place itself, for the user's own saving.
-    if (place_ == Place::screen)
+    // In the user's office it has to know its place itself, for his own saving.
+    if (place_ != Place::ownOffice)
         loaded_.session->run([n = loaded_.nDocument, target, sFilter](OfficeConnection& office) {
             office.storeAs(n, target, sFilter);
         });

@@ -25,7 +25,8 @@ public:
     DocumentCore(const DocumentCore&) = delete;
     DocumentCore& operator=(const DocumentCore&) = delete;
 
-    enum class Place { ownOffice, screen };
+    /// `hidden` is a place in the user's office too: his, but not yet to be seen.
+    enum class Place { ownOffice, hidden, screen };
     /// Checks the file and loads it. A blank document in our own office waits for its first use, since most
     /// are shown next.
     void open(const DocumentOrigin& origin, Place place);
@@ -34,26 +35,28 @@ public:
     /// Takes a document of our own office over into the user's, with all that has become of it.
     void show();
     void raise();
+    void maximize();
     void showNormalView();
+    void showPageView();
 
     std::string fullName();
     void saveAs(const std::string& sFileName, const std::string& sFilter);
     /// A document on the screen that has unsaved changes stays open (70); in our own office they are dropped.
     void close();
     void closeWithoutSaving();
-    /// A document on the screen stays there; another one goes.
+    /// A document on the screen stays there; any other goes.
     void letGo();
 
     struct Loaded {
         std::shared_ptr<OfficeSession> session;
         int nDocument = 0;
     };
-    /// For handing it to an add-in, which may change it.
+    /// For handing it to somebody who may change it.
     Loaded handOver();
 
 private:
     Loaded loadInOwnOffice() const;
-    Loaded loadOnScreen(const std::string& native, bool bAsTemplate) const;
+    Loaded loadOnScreen(const std::string& native, bool bAsTemplate, bool bShow = true) const;
     /// On the screen, from where it came, where it was saved, or from a copy of its present state.
     Loaded loadAgainOnScreen();
     void take(const Loaded& loaded, Place place);

@@ -4,14 +4,22 @@
 
 namespace zorvo {
 
-LibreOfficeWord::LibreOfficeWord(std::shared_ptr<OfficeSessions> sessions)
-    : LibreOfficeApplication(std::move(sessions), OfficeDocumentKind::text)
+LibreOfficeWord::LibreOfficeWord(std::shared_ptr<OfficeSessions> sessions, DocumentCore::Place hiddenPlace)
+    : LibreOfficeApplication(std::move(sessions), OfficeDocumentKind::text, hiddenPlace)
 {
 }
 
 std::shared_ptr<WordDocument> LibreOfficeWord::activeDocument()
 {
     return std::make_shared<LibreOfficeTextDocument>(core_.active());
+}
+
+void LibreOfficeWord::setWindowState(int nState)
+{
+    constexpr int kMaximized = 1;
+    const auto document = core_.active();
+    if (nState == kMaximized)
+        document->maximize();
 }
 
 LibreOfficeExcel::LibreOfficeExcel(std::shared_ptr<OfficeSessions> sessions)

@@ -2,6 +2,7 @@
 
 #include "platform/Office.h"
 #include "platform/linux/office/ApplicationCore.h"
+#include "platform/linux/office/LibreOfficeText.h"
 
 #include <memory>
 #include <string>
@@ -12,8 +13,9 @@ namespace zorvo {
 template <typename Interface>
 class LibreOfficeApplication : public Interface {
 public:
-    LibreOfficeApplication(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind)
-        : core_(std::move(sessions), kind)
+    LibreOfficeApplication(std::shared_ptr<OfficeSessions> sessions, OfficeDocumentKind kind,
+                           DocumentCore::Place hiddenPlace = DocumentCore::Place::ownOffice)
+        : core_(std::move(sessions), kind, hiddenPlace)
     {
     }
 
@@ -35,11 +37,23 @@ protected:
 
 class LibreOfficeWord : public LibreOfficeApplication<WordApplication> {
 public:
-    explicit LibreOfficeWord(std::shared_ptr<OfficeSessions> sessions);
+    /// `hiddenPlace` is where documents are while the application isn't visible.
+    explicit LibreOfficeWord(std::shared_ptr<OfficeSessions> sessions,
+                             DocumentCore::Place hiddenPlace = DocumentCore::Place::ownOffice);
 
     void documentsAdd(const std::string& sTemplate) override { core_.add(sTemplate); }
     void documentsOpen(const std::string& sFileName) override { core_.open(sFileName); }
     std::shared_ptr<WordDocument> activeDocument() override;
+    WordSelection& selection() override { return selection_; }
+    WordWindow& activeWindow() override { return window_; }
+    void changeFileOpenDirectory(const std::string& sFolder) override { core_.setFolder(sFolder); }
+    void activate() override { core_.raise(); }
+    /// Only the maximized state is known here; the others leave the window as it is.
+    void setWindowState(int nState) override;
+
+private:
+    LibreOfficeSelection selection_{core_};
+    LibreOfficeWindow window_{core_};
 };
 
 class LibreOfficeExcel : public LibreOfficeApplication<ExcelApplication> {
@@ -47,6 +61,10 @@ public:
     explicit LibreOfficeExcel(std::shared_ptr<OfficeSessions> sessions);
 
     void setEnableEvents(bool bEnable) override { core_.setEnableEvents(bEnable); }
+    /// No call here ever asks anybody anything.
+    void setDisplayAlerts(bool /*bDisplay*/) override { core_.mustRun(); }
+    /// Both applications are one process here: the documents' own windows come to the front.
+    void activateMicrosoftApp(int /*nApplication*/) override { core_.mustRun(); }
     void workbooksAdd(const std::string& sTemplate) override { core_.add(sTemplate); }
     void workbooksOpen(const std::string& sFileName) override { core_.open(sFileName); }
     std::shared_ptr<ExcelWorkbook> activeWorkbook() override;

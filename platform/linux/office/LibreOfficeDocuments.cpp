@@ -1,6 +1,7 @@
 #include "platform/linux/office/LibreOfficeDocuments.h"
 
 #include "base/RunTimeError.h"
+#include "platform/linux/office/LibreOfficeText.h"
 
 namespace zorvo {
 
@@ -9,6 +10,11 @@ void LibreOfficeTextDocument::saveAs(const std::string& sFileName, int nFileForm
     if (nFileFormat != 0)
         throw RunTimeError(kInvalidCall, "Word documents are saved in format 0 only.");
     core()->saveAs(sFileName, "MS Word 97");
+}
+
+std::shared_ptr<WordTables> LibreOfficeTextDocument::tables()
+{
+    return std::make_shared<LibreOfficeTables>(DocumentText(core()));
 }
 
 void LibreOfficeSpreadsheet::saveAs(const std::string& sFileName, int nFileFormat, int /*nAccessMode*/)

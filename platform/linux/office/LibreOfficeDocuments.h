@@ -31,6 +31,7 @@ public:
     void close() override { core()->close(); }
     /// Throws RunTimeError 5 for any other format than 0.
     void saveAs(const std::string& sFileName, int nFileFormat) override;
+    std::shared_ptr<WordTables> tables() override;
 };
 
 class LibreOfficeSpreadsheet : public ExcelWorkbook, public DocumentHolder {

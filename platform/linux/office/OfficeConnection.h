@@ -87,8 +87,30 @@ public:
     virtual bool isModified(int nDocument) = 0;
     /// Shows the window and brings it to the front. False when the office has no screen to show it on.
     virtual bool show(int nDocument) = 0;
+    /// Whether `show` can be done.
+    virtual bool isShowable(int nDocument) = 0;
     virtual void toFront(int nDocument) = 0;
+    virtual void maximize(int nDocument) = 0;
     virtual void showNormalView(int nDocument) = 0;
+    virtual void showPageView(int nDocument) = 0;
+
+    // A text document's body and the cursor in it, which begins at its start. Until the document is shown or
+    // stored its window isn't kept up to date: that takes longer than the work itself.
+
+    /// The file's contents come in at the cursor, which is then behind them. A file that holds nothing is
+    /// refused, the body as it was.
+    virtual void insertFile(int nDocument, const std::string& path) = 0;
+    virtual void goToStart(int nDocument) = 0;
+    virtual int tableCount(int nDocument) = 0;
+    /// The number of the body's table, `index` from 1; 0 when it has none there.
+    virtual int tableAt(int nDocument, int index) = 0;
+    /// As WordTable has it.
+    virtual std::string tableText(int nDocument, int nTable) = 0;
+    virtual void selectTable(int nDocument, int nTable) = 0;
+    virtual void removeTable(int nDocument, int nTable) = 0;
+    virtual bool isWithinTable(int nDocument) = 0;
+    /// False when there is nothing to delete.
+    virtual bool deleteForward(int nDocument) = 0;
 
     /// The number of the component of that name inside the office, 0 when there is none.
     virtual int addIn(const std::string& name) = 0;

@@ -6,6 +6,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -48,6 +49,20 @@ std::string firstBytes(const std::string& native, int nNotFound)
     }
 }
 
+/// What an interrupted copy of a rich text lacks: the office would take what there is of it as the whole.
+bool hasClosingBrace(const std::string& native)
+{
+    const FileDescriptor file = openPlainFile(native);
+    const off_t nSize = lseek(file.get(), 0, SEEK_END);
+    std::array<char, 256> bytes{};
+    const off_t nTail = std::min<off_t>(nSize, bytes.size());
+    const ssize_t got = pread(file.get(), bytes.data(), static_cast<std::size_t>(nTail), nSize - nTail);
+    const std::string_view end(bytes.data(), got > 0 ? static_cast<std::size_t>(got) : 0);
+    // Some writers put line ends and zero bytes behind it.
+    const std::size_t at = end.find_last_not_of("\r\n\t \0"sv);
+    return at != std::string_view::npos && end[at] == '}';
+}
+
 } // namespace
 
 void checkDocumentFile(const std::string& native, int nNotFound)
@@ -58,6 +73,8 @@ void checkDocumentFile(const std::string& native, int nNotFound)
     for (const Promise& promise : kPromises)
         if (endsWithNoCase(native, promise.ending) && !bytes.starts_with(promise.firstBytes))
             throw RunTimeError(kPathOrFileAccess, "The file isn't what its name says: " + native);
+    if (bytes.starts_with(kRichText) && !hasClosingBrace(native))
+        throw RunTimeError(kPathOrFileAccess, "The file isn't whole: " + native);
 }
 
 } // namespace zorvo

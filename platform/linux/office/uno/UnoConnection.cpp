@@ -73,6 +73,7 @@ void UnoConnection::greet()
 UnoConnection::~UnoConnection()
 {
     try {
+        bodies_.clear();
         documents_.clear();
         addIns_.clear();
         loader_.clear();
@@ -140,6 +141,7 @@ int UnoConnection::load(const OfficeLoad& request)
 void UnoConnection::store(int nDocument, const std::string& path, const std::string& filter, bool bMoveThere)
 {
     guarded([&] {
+        finishBody(nDocument);
         const Reference<css::frame::XStorable> storable(document(nDocument), UNO_QUERY_THROW);
         const NamedValues arguments =
             namedValues({{"FilterName", css::uno::Any(unoText(filter))}, {"Overwrite", css::uno::Any(true)}});
@@ -163,11 +165,13 @@ void UnoConnection::storeAs(int nDocument, const std::string& path, const std::s
 void UnoConnection::close(int nDocument)
 {
     guarded([&] { Reference<css::util::XCloseable>(document(nDocument), UNO_QUERY_THROW)->close(false); });
+    bodies_.erase(nDocument);
     documents_.erase(nDocument);
 }
 
 void UnoConnection::forget(int nDocument)
 {
+    bodies_.erase(nDocument);
     documents_.erase(nDocument);
 }
 
@@ -190,8 +194,18 @@ bool UnoConnection::isModified(int nDocument)
 bool UnoConnection::show(int nDocument)
 {
     bool bOnScreen = false;
-    guarded([&] { bOnScreen = showWindow(document(nDocument)); });
+    guarded([&] {
+        finishBody(nDocument);
+        bOnScreen = showWindow(document(nDocument));
+    });
     return bOnScreen;
+}
+
+bool UnoConnection::isShowable(int nDocument)
+{
+    bool bShowable = false;
+    guarded([&] { bShowable = isWindowShowable(document(nDocument)); });
+    return bShowable;
 }
 
 void UnoConnection::toFront(int nDocument)
@@ -199,9 +213,88 @@ void UnoConnection::toFront(int nDocument)
     guarded([&] { raiseWindow(document(nDocument)); });
 }
 
+void UnoConnection::maximize(int nDocument)
+{
+    guarded([&] { maximizeWindow(document(nDocument)); });
+}
+
 void UnoConnection::showNormalView(int nDocument)
 {
     guarded([&] { switchToNormalView(document(nDocument)); });
+}
+
+void UnoConnection::showPageView(int nDocument)
+{
+    guarded([&] { switchToPageView(document(nDocument)); });
+}
+
+TextBody& UnoConnection::body(int nDocument)
+{
+    return bodies_.try_emplace(nDocument, document(nDocument)).first->second;
+}
+
+void UnoConnection::finishBody(int nDocument)
+{
+    const auto found = bodies_.find(nDocument);
+    if (found != bodies_.end())
+        found->second.letWindowFollow();
+}
+
+template <typename Result>
+Result UnoConnection::askBody(int nDocument, const std::function<Result(TextBody&)>& question)
+{
+    Result answer{};
+    guarded([&] { answer = question(body(nDocument)); });
+    return answer;
+}
+
+void UnoConnection::insertFile(int nDocument, const std::string& path)
+{
+    guarded([&] { body(nDocument).insertFile(path); });
+}
+
+void UnoConnection::goToStart(int nDocument)
+{
+    guarded([&] {
+        body(nDocument).goToStart();
+        finishBody(nDocument);
+        moveViewToStart(document(nDocument));
+    });
+}
+
+int UnoConnection::tableCount(int nDocument)
+{
+    return askBody<int>(nDocument, [](TextBody& body) { return body.tableCount(); });
+}
+
+int UnoConnection::tableAt(int nDocument, int index)
+{
+    return askBody<int>(nDocument, [index](TextBody& body) { return body.tableAt(index); });
+}
+
+std::string UnoConnection::tableText(int nDocument, int nTable)
+{
+    return askBody<std::string>(nDocument, [nTable](TextBody& body) { return body.tableText(nTable); });
+}
+
+void UnoConnection::selectTable(int nDocument, int nTable)
+{
+    guarded([&] { body(nDocument).selectTable(nTable); });
+}
+
+void UnoConnection::removeTable(int nDocument, int nTable)
+{
+    guarded([&] { body(nDocument).removeTable(nTable); });
+}
+
+bool UnoConnection::isWithinTable(int nDocument)
+{
+    return askBody<bool>(nDocument, [](TextBody& body) { return body.isWithinTable(); });
+}
+
+bool UnoConnection::deleteForward(int nDocument)
+{
+    return askBody<bool>(nDocument, [](TextBody& body) { return body.deleteForward(); });
 }
 
 int UnoConnection::addIn(const std::string& name)

@@ -2,11 +2,13 @@
 
 #include <com/sun/star/awt/SystemDependentXWindow.hpp>
 #include <com/sun/star/awt/XSystemDependentWindowPeer.hpp>
-#include <com/sun/star/awt/XTopWindow.hpp>
+#include <com/sun/star/awt/XTopWindow2.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/lang/SystemDependent.hpp>
+#include <com/sun/star/text/XTextViewCursorSupplier.hpp>
+#include <com/sun/star/view/XViewSettingsSupplier.hpp>
 
 namespace css = com::sun::star;
 using css::uno::Reference;
@@ -38,12 +40,16 @@ bool isOnScreen(const Reference<css::awt::XWindow>& window)
 
 } // namespace
 
+bool isWindowShowable(const DocumentModel& document)
+{
+    return isOnScreen(frameOf(document)->getContainerWindow());
+}
+
 bool showWindow(const DocumentModel& document)
 {
-    const Reference<css::awt::XWindow> window = frameOf(document)->getContainerWindow();
-    if (!isOnScreen(window))
+    if (!isWindowShowable(document))
         return false;
-    window->setVisible(true);
+    frameOf(document)->getContainerWindow()->setVisible(true);
     raiseWindow(document);
     return true;
 }
@@ -52,6 +58,12 @@ void raiseWindow(const DocumentModel& document)
 {
     const Reference<css::awt::XTopWindow> top(frameOf(document)->getContainerWindow(), UNO_QUERY_THROW);
     top->toFront();
+}
+
+void maximizeWindow(const DocumentModel& document)
+{
+    const Reference<css::awt::XTopWindow2> top(frameOf(document)->getContainerWindow(), UNO_QUERY_THROW);
+    top->setIsMaximized(true);
 }
 
 void switchToNormalView(const DocumentModel& document)
@@ -65,6 +77,20 @@ void switchToNormalView(const DocumentModel& document)
     const auto dispatch = provider->queryDispatch(command, "", 0);
     if (dispatch.is())
         dispatch->dispatch(command, {});
+}
+
+void switchToPageView(const DocumentModel& document)
+{
+    const Reference<css::view::XViewSettingsSupplier> supplier(document->getCurrentController(), UNO_QUERY);
+    if (supplier.is())
+        supplier->getViewSettings()->setPropertyValue("ShowOnlineLayout", css::uno::Any(false));
+}
+
+void moveViewToStart(const DocumentModel& document)
+{
+    const Reference<css::text::XTextViewCursorSupplier> supplier(document->getCurrentController(), UNO_QUERY);
+    if (supplier.is())
+        supplier->getViewCursor()->gotoStart(false);
 }
 
 } // namespace zorvo
