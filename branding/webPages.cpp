@@ -10,15 +10,16 @@ namespace zorvo {
 namespace {
 
 constexpr const char* kRootFolder = "C:\\";
+constexpr std::uintptr_t kNoWindow = 0;
 
 /// The contact link has always given its own parameters and folder: no browser minds them.
 constexpr const char* kContactArgument = "1";
 
-void openPage(const char* sTag, const std::string& sAddress, const std::string& sParameters,
-              const std::string& sDirectory)
+void openPage(const char* sTag, std::uintptr_t ownerWindow, const std::string& sAddress,
+              const std::string& sParameters, const std::string& sDirectory)
 {
     try {
-        platform().launcher->open(sAddress, sParameters, sDirectory, Launcher::Show::normal);
+        platform().launcher->open(sAddress, sParameters, sDirectory, Launcher::Show::normal, ownerWindow);
     } catch (const RunTimeError& error) {
         recordFailure(error);
         ReportError(sTag);
@@ -27,19 +28,20 @@ void openPage(const char* sTag, const std::string& sAddress, const std::string& 
 
 } // namespace
 
-void OpenContactUs()
+void OpenContactUs(std::uintptr_t ownerWindow)
 {
-    openPage("TemplateTree.linkContactUs_Click", sGetWebContactUs(), kContactArgument, kContactArgument);
+    openPage("TemplateTree.linkContactUs_Click", ownerWindow, sGetWebContactUs(), kContactArgument,
+             kContactArgument);
 }
 
-void ZorvoQuickTour()
+void ZorvoQuickTour(std::uintptr_t ownerWindow)
 {
-    openPage("TemplateTree.ZorvoQuickTour", sGetWebQuickTour(), "", kRootFolder);
+    openPage("TemplateTree.ZorvoQuickTour", ownerWindow, sGetWebQuickTour(), "", kRootFolder);
 }
 
-void ZorvoMyAccount()
+void ZorvoMyAccount(std::uintptr_t ownerWindow)
 {
-    openPage("TemplateTree.ZorvoMyAccount", sGetWebMyAccount(), "", kRootFolder);
+    openPage("TemplateTree.ZorvoMyAccount", ownerWindow, sGetWebMyAccount(), "", kRootFolder);
 }
 
 void ZorvoOnTheWeb(std::optional<bool> bSecondPage, const std::optional<std::string>& sAddress)
@@ -49,7 +51,7 @@ void ZorvoOnTheWeb(std::optional<bool> bSecondPage, const std::optional<std::str
         sPage = *sAddress;
     else
         sPage = bSecondPage ? sGetWebOnTheWeb3() : sGetWebOnTheWeb2();
-    openPage("basZorvoBrendle.ZorvoOnTheWeb", sPage, "", kRootFolder);
+    openPage("basZorvoBrendle.ZorvoOnTheWeb", kNoWindow, sPage, "", kRootFolder);
 }
 
 } // namespace zorvo

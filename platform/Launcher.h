@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace zorvo {
@@ -12,9 +13,10 @@ public:
     virtual ~Launcher() = default;
 
     /// `target` is an address or a backslash path. The code is the platform's: above 32 is success. Nothing
-    /// is raised: callers do not look.
+    /// is raised: callers do not look. `ownerWindow` is the native handle of the window that asks, 0 for
+    /// none.
     virtual int open(const std::string& target, const std::string& parameters, const std::string& directory,
-                     Show show) = 0;
+                     Show show, std::uintptr_t ownerWindow = 0) = 0;
 
     /// Starts a command line with a normal window and doesn't wait. Throws RunTimeError 53 when there is no
     /// such program.

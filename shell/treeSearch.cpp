@@ -5,6 +5,26 @@
 
 namespace zorvo {
 
+namespace {
+
+/// Whatever happens meanwhile, the user gets the multiple selection back.
+class SingleSelection {
+public:
+    explicit SingleSelection(TreeNodes& tree)
+        : tree_(tree)
+    {
+        tree_.setMultiSelect(false);
+    }
+    ~SingleSelection() { tree_.setMultiSelect(true); }
+    SingleSelection(const SingleSelection&) = delete;
+    SingleSelection& operator=(const SingleSelection&) = delete;
+
+private:
+    TreeNodes& tree_;
+};
+
+} // namespace
+
 void SearchTree(TreeNodes& tree, TreeSearchForms& forms)
 {
     bool bAgain = true;
@@ -12,12 +32,13 @@ void SearchTree(TreeNodes& tree, TreeSearchForms& forms)
         const auto dialog = forms.newSearchDialog();
         const bool bFindNext = dialog->ask();
         bool bNoMore = false;
-        tree.setMultiSelect(false);
-        if (bFindNext) {
-            tree.clearSelection();
-            SearchTreeNodes(tree, dialog->text(), forms, bNoMore);
+        {
+            const SingleSelection single(tree);
+            if (bFindNext) {
+                tree.clearSelection();
+                SearchTreeNodes(tree, dialog->text(), forms, bNoMore);
+            }
         }
-        tree.setMultiSelect(true);
         bAgain = bNoMore && forms.askToContinue();
     }
 }

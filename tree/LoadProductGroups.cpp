@@ -70,6 +70,15 @@ public:
     {
     }
 
+    /// What the progress is counted of.
+    void expect(const std::vector<XmlNode>& groupNodes)
+    {
+        for (const XmlNode& group : groupNodes) {
+            nTotal_ += static_cast<int>(group.childElements("ProductRegistryNode").size());
+            expect(group.childElements("ProductGroup"));
+        }
+    }
+
     void load(const std::vector<XmlNode>& groupNodes, ListBarGroups* listBar, const std::string& sParentKey)
     {
         try {
@@ -79,8 +88,10 @@ public:
                 if (listBar && !treeState().bListBarLoaded)
                     addToListBar(*listBar, ++nIndex, sTitle, group);
                 addGroup(group, sTitle, sParentKey);
-                for (const XmlNode& node : group.childElements("ProductRegistryNode"))
+                for (const XmlNode& node : group.childElements("ProductRegistryNode")) {
                     addEntry(node, sTitle);
+                    tellProgress();
+                }
             }
         } catch (const RunTimeError& error) {
             recordFailure(error);
@@ -151,10 +162,18 @@ private:
         }
     }
 
+    void tellProgress()
+    {
+        if (nTotal_ > 0)
+            treeState().progress(++nDone_, nTotal_);
+    }
+
     TreeNodes& tree_;
     NodeIcons icons_;
     const StatusDocument* statusCopy_;
     bool bAllOfferings_;
+    int nTotal_ = 0;
+    int nDone_ = 0;
 };
 
 } // namespace
@@ -162,7 +181,10 @@ private:
 void LoadProductGroups(const std::vector<XmlNode>& groupNodes, TreeNodes& tree, ListBarGroups* listBar,
                        bool bAllOfferings, const StatusDocument* statusCopy, const std::string& sParentKey)
 {
-    ProductGroupLoader(tree, bAllOfferings, statusCopy).load(groupNodes, listBar, sParentKey);
+    ProductGroupLoader loader(tree, bAllOfferings, statusCopy);
+    if (treeState().progress)
+        loader.expect(groupNodes);
+    loader.load(groupNodes, listBar, sParentKey);
 }
 
 } // namespace zorvo

@@ -3,22 +3,12 @@
 #include "base/RunTimeError.h"
 #include "base/sessionState.h"
 #include "base/text.h"
-#include "platform/xmlFiles.h"
 #include "tree/TreeWindow.h"
 #include "tree/nodeTag.h"
 #include "tree/treeState.h"
 #include "window/TreeNodes.h"
 
 namespace zorvo {
-
-std::shared_ptr<const LibraryDocument> OwnLibraries::load(const std::string& sPath)
-{
-    if (!document_ || sPath != sPath_) {
-        document_ = std::make_shared<LibraryDocument>(loadXmlFile(sPath));
-        sPath_ = sPath;
-    }
-    return document_;
-}
 
 std::shared_ptr<const LibraryDocument> GetLibraryForKey(const std::string& sKey, std::string& sGuid,
                                                         bool& bOwnDocument, OwnLibraries& libraries)
@@ -54,7 +44,10 @@ void ShowNodeDescription(TreeWindow& window, const TreeNode& node)
     window.setNewDocumentEnabled(node.tag() == kTagDocument);
     sessionState().gbLoading = false;
 
-    const XmlNode element = GetNodeDocument(node);
+    // Each key press in the tree comes here: a product's own catalogue isn't read anew for each.
+    OwnLibraries& libraries = treeState().described;
+    libraries.dropIfChanged();
+    const XmlNode element = GetNodeDocument(node, libraries);
     const XmlCursor description = element ? element.cursor().child("Desc") : XmlCursor();
     const std::string sText = description ? description.trimmedText() : std::string();
     window.setDescription(replaceAll(sText, "&", "&&"));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/XmlDocument.h"
-#include "tree/LibraryDocument.h"
+#include "tree/OwnLibraries.h"
 
 #include <memory>
 #include <string>
@@ -10,17 +10,6 @@ namespace zorvo {
 
 class TreeNode;
 class TreeWindow;
-
-/// Products' own catalogues while one piece of work looks up many nodes. The nodes of a product lie together,
-/// so that the last catalogue is all that is worth keeping.
-class OwnLibraries {
-public:
-    std::shared_ptr<const LibraryDocument> load(const std::string& sPath);
-
-private:
-    std::string sPath_;
-    std::shared_ptr<const LibraryDocument> document_;
-};
 
 /// The catalogue of a node's key. `sGuid` is what the catalogue knows the node by; `bOwnDocument` says that
 /// the catalogue is a product's own copy, whose path stands in the key behind a backquote. Otherwise it is

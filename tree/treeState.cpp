@@ -12,6 +12,7 @@ void ReleaseCatalogDocuments()
 {
     treeState().objLibraryDoc.reset();
     treeState().objStatusDoc.reset();
+    treeState().described = {};
 }
 
 } // namespace zorvo

@@ -39,6 +39,12 @@ QSize ListBar::sizeHint() const
             widget()->sizeHint().height() + 2 * frameWidth()};
 }
 
+QWidget* ListBar::lastEntry() const
+{
+    const int nLast = entries_->count() - 2; // the stretch stands behind it
+    return nLast < 0 ? nullptr : entries_->itemAt(nLast)->widget();
+}
+
 void ListBar::showGroups()
 {
     while (entries_->count() > 1) {

@@ -20,6 +20,9 @@ public:
     ListBarGroups& groups() { return groups_; }
     const ListBarGroups& groups() const { return groups_; }
 
+    /// The last one that Tab comes to; null in an empty bar.
+    QWidget* lastEntry() const;
+
     QSize sizeHint() const override;
 
 Q_SIGNALS:

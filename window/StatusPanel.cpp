@@ -28,6 +28,8 @@ void StatusPanel::setAutoSize(PanelAutoSize autoSize)
 
 void StatusPanel::setPanelWidth(int width)
 {
+    if (nWidth_ == width)
+        return;
     nWidth_ = width;
     updateGeometry();
 }

@@ -30,6 +30,14 @@ void ToolPool::addBand(const ToolBand& band)
     bands_.push_back(band);
 }
 
+std::vector<std::string> ToolPool::toolIds() const
+{
+    std::vector<std::string> ids;
+    for (const auto& [sUpperId, tool] : toolsByUpperId_)
+        ids.push_back(sUpperId);
+    return ids;
+}
+
 const ToolBand& ToolPool::band(const std::string& sName) const
 {
     const auto found = std::find_if(bands_.begin(), bands_.end(),

@@ -51,6 +51,8 @@ public:
     /// Throws RunTimeError 457 when the name exists, 5 when a tool isn't in the pool.
     void addBand(const ToolBand& band);
 
+    /// Of every tool, in upper case.
+    std::vector<std::string> toolIds() const;
     const std::vector<ToolBand>& bands() const { return bands_; }
     /// Throws RunTimeError 5 when there is no such band.
     const ToolBand& band(const std::string& sName) const;

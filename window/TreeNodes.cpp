@@ -94,15 +94,17 @@ TreeNode& TreeNodes::add(const std::string& sRelative, const std::string& sKey, 
                          int nImage, int nTag)
 {
     TreeNode* parent = relative(sRelative);
-    if (!sKey.empty() && find(sKey))
+    TreeNode* node = storage_->take();
+    node->sKey_ = sKey;
+    if (!sKey.empty() && !byKey_.insert(*node)) {
+        storage_->giveBack(node);
         throw RunTimeError(kKeyAlreadyUsed);
+    }
 
     std::vector<TreeNode*>& siblings = parent ? parent->children_ : roots_;
     const int nRow = static_cast<int>(siblings.size());
     if (TreeNodesListener* told = toldOneByOne())
         told->nodeAboutToBeAdded(parent, nRow);
-    TreeNode* node = storage_->take();
-    node->sKey_ = sKey;
     node->sText_ = sText;
     node->parent_ = parent;
     node->nImage_ = nImage;
@@ -111,8 +113,6 @@ TreeNode& TreeNodes::add(const std::string& sRelative, const std::string& sKey, 
     siblings.push_back(node);
     order_.push_back(node);
     node->nIndex_ = count();
-    if (!sKey.empty())
-        byKey_.insert(*node);
     if (TreeNodesListener* told = toldOneByOne())
         told->nodeAdded();
     return *node;

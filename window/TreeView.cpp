@@ -168,6 +168,8 @@ void TreeView::tellSelected()
 {
     if (TreeNode* node = nodes_.selectedNode())
         Q_EMIT nodeSelected(node);
+    else
+        Q_EMIT nothingSelected();
 }
 
 void TreeView::followExpanded(TreeNode& node)
@@ -210,8 +212,11 @@ void TreeView::followCleared()
 {
     if (bTaking_)
         return;
-    const QScopedValueRollback following(bFollowing_, true);
-    selectionModel()->clearSelection();
+    {
+        const QScopedValueRollback following(bFollowing_, true);
+        selectionModel()->clearSelection();
+    }
+    tellSelected();
 }
 
 void TreeView::followMode()

@@ -27,6 +27,8 @@ Q_SIGNALS:
     /// The user or the program has changed the selection; `node` is the one selected last. Not told when none
     /// is left, nor when the nodes are exchanged as a whole.
     void nodeSelected(zorvo::TreeNode* node);
+    /// The user has taken the last node out of the selection, or the program has.
+    void nothingSelected();
     void nodeDoubleClicked(zorvo::TreeNode* node);
     void focusGained();
     void focusLost();

@@ -83,7 +83,7 @@ LinuxLauncher::LinuxLauncher(DosPaths paths)
 }
 
 int LinuxLauncher::open(const std::string& target, const std::string& /*parameters*/,
-                        const std::string& directory, Show /*show*/)
+                        const std::string& directory, Show /*show*/, std::uintptr_t /*ownerWindow*/)
 {
     const std::string sTarget = cutAtNull(target);
     const bool bPath = parseDosPath(sTarget).has_value();

@@ -18,6 +18,7 @@
 #include "shell/basBrendleActiveXManager.h"
 #include "shell/commandTools.h"
 #include "shell/eventMailbox.h"
+#include "shell/forms/MainFormLayout.h"
 #include "shell/mainCaption.h"
 #include "shell/mainGeometry.h"
 #include "shell/session.h"
@@ -28,6 +29,7 @@
 #include "window/ListBar.h"
 #include "window/MnemonicLabel.h"
 #include "window/StatusPanels.h"
+#include "window/TextScrollArea.h"
 #include "window/ToolBands.h"
 #include "window/TreeView.h"
 #include "window/UiIds.h"
@@ -37,11 +39,11 @@
 #include "window/twips.h"
 #include "window/windowPosition.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
-#include <QScrollArea>
+#include <QScopeGuard>
 
 namespace zorvo {
 
@@ -50,12 +52,19 @@ namespace {
 constexpr std::int16_t kHourglass = 11;
 constexpr std::int16_t kDefaultPointer = 0;
 
-/// The right column: the instructions begin this far from the window's right edge.
-constexpr int kRightColumnTwips = 4720;
 constexpr int kPanelTwips = 240;
 
 constexpr QSize kDefaultSize{1060, 700};
 constexpr QSize kSmallestSize{640, 420};
+
+/// The text stands right below the frame's title.
+void fill(QGroupBox& frame, QWidget& contents)
+{
+    auto* layout = new QVBoxLayout(&frame);
+    layout->setContentsMargins(kSpacing, kSpacing / 2, kSpacing / 2, kSpacing / 2);
+    layout->addWidget(&contents);
+    layout->addStretch();
+}
 
 } // namespace
 
@@ -90,9 +99,14 @@ void TemplateTree::buildControls()
     TreeView1_ = new TreeView("TreeView1", this);
     TreeView1_->setAccessibleName(tr("Products and documents"));
     sbZorvoBrendle_ = new StatusPanels("sbZorvoBrendle", this);
+    sbZorvoBrendle_->setAccessibleName(tr("Status bar"));
     gagZorvoBrendle_ = new QProgressBar(this);
     gagZorvoBrendle_->setObjectName(QStringLiteral("gagZorvoBrendle"));
     gagZorvoBrendle_->setAccessibleName(tr("Progress"));
+    // It has its place at all times, so that it is there as soon as it shows.
+    QSizePolicy policy = gagZorvoBrendle_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    gagZorvoBrendle_->setSizePolicy(policy);
     gagZorvoBrendle_->hide();
     picForTaskManager_ = new QLabel(this);
     picForTaskManager_->setObjectName(QStringLiteral("picForTaskManager"));
@@ -128,54 +142,52 @@ void TemplateTree::buildDescription()
     lblDesc_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 }
 
-void TemplateTree::layOut()
+void TemplateTree::layOutInstructions()
 {
+    auto* texts = new QWidget;
     auto* link = new QHBoxLayout;
     spaceInner(*link);
     link->setSpacing(kSpacing / 2);
     link->addWidget(lblContactUsClickLinkInstructions_);
     link->addWidget(linkContactUs_);
     link->addStretch();
-    auto* instructions = new QVBoxLayout(fraInstructions_);
-    instructions->setSpacing(kSpacing);
+    auto* instructions = new QVBoxLayout(texts);
+    spaceInner(*instructions);
     instructions->addWidget(lblInstructions_);
     instructions->addWidget(lblContactUsMessage_);
     instructions->addLayout(link);
+    instructionsArea_ = new TextScrollArea(texts, fraInstructions_);
+    instructionsArea_->setObjectName(QStringLiteral("instructionsArea"));
+    instructionsArea_->setAccessibleName(fraInstructions_->title());
+    fill(*fraInstructions_, *instructionsArea_);
+}
 
-    // A long description scrolls rather than pushing the window's edge.
-    auto* scroll = new QScrollArea(fraDesc_);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->viewport()->setAutoFillBackground(false);
-    scroll->setWidget(lblDesc_);
-    lblDesc_->setAutoFillBackground(false);
-    auto* description = new QVBoxLayout(fraDesc_);
-    description->addWidget(scroll);
+void TemplateTree::layOutDescription()
+{
+    descriptionArea_ = new TextScrollArea(lblDesc_, fraDesc_);
+    descriptionArea_->setObjectName(QStringLiteral("descriptionArea"));
+    descriptionArea_->setAccessibleName(fraDesc_->title());
+    fill(*fraDesc_, *descriptionArea_);
+}
 
-    auto* right = new QWidget(this);
-    right->setFixedWidth(toPixels(kRightColumnTwips) - kFormMargin);
-    auto* column = new QVBoxLayout(right);
-    spaceInner(*column);
-    column->addWidget(fraInstructions_);
-    column->addWidget(fraDesc_, 1);
-
-    auto* middle = new QHBoxLayout;
-    middle->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
-    middle->setSpacing(kSpacing);
-    middle->addWidget(lbMain_);
-    middle->addWidget(TreeView1_, 1);
-    middle->addWidget(right);
-
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
-    whole->addWidget(tbMain_);
-    whole->addLayout(middle, 1);
-    whole->addWidget(gagZorvoBrendle_);
-    whole->addWidget(sbZorvoBrendle_);
-    setTabOrder(lbMain_, TreeView1_);
-    setTabOrder(TreeView1_, linkContactUs_);
+void TemplateTree::layOut()
+{
+    layOutInstructions();
+    layOutDescription();
+    auto* whole = new MainFormLayout(this);
+    using Part = MainFormLayout::Part;
+    whole->setPart(Part::bands, tbMain_);
+    whole->setPart(Part::listBar, lbMain_);
+    whole->setPart(Part::tree, TreeView1_);
+    whole->setPart(Part::instructions, fraInstructions_);
+    whole->setPart(Part::description, fraDesc_);
+    whole->setPart(Part::status, sbZorvoBrendle_);
+    whole->setPart(Part::gauge, gagZorvoBrendle_);
+    whole->setListener([this](const MainFormParts& parts) {
+        sbZorvoBrendle_->setWidth(1, parts.nPanel1Width);
+        descriptionArea_->setMaximumHeight(toPixels(parts.nDescLabelHeight));
+    });
+    gagZorvoBrendle_->raise();
 }
 
 void TemplateTree::connectControls()
@@ -187,11 +199,16 @@ void TemplateTree::connectControls()
     connect(lbMain_, &ListBar::clicked, this, guardedSlot(this, [this](int index) { listBarClick(index); }));
     connect(TreeView1_, &TreeView::nodeSelected, this,
             guardedSlot(this, [this](TreeNode* node) { nodeSelected(node); }));
+    connect(TreeView1_, &TreeView::nothingSelected, this, [this] {
+        if (bEventsArmed_)
+            clearDescription();
+    });
     connect(TreeView1_, &TreeView::nodeDoubleClicked, this,
             guardedSlot(this, [this](const TreeNode* node) { nodeDoubleClick(node); }));
     connect(TreeView1_, &TreeView::focusGained, this, [this] { bTreeHasFocus_ = true; });
     connect(TreeView1_, &TreeView::focusLost, this, [this] { bTreeHasFocus_ = false; });
-    connect(linkContactUs_, &QAbstractButton::clicked, this, guardedSlot(this, [] { OpenContactUs(); }));
+    connect(linkContactUs_, &QAbstractButton::clicked, this,
+            guardedSlot(this, [this] { OpenContactUs(winId()); }));
 }
 
 void TemplateTree::onLoad()
@@ -219,7 +236,7 @@ void TemplateTree::runLoadSteps()
     setCaption(QString::fromStdString(sGetDialogTitle()));
     captions_ = {sGetTreeLabelBoth(),        sGetTreeLabelQbkOnly(),       sGetTreeLabelTsrOnly(),
                  sGetCategoryDescrProduct(), sGetCategoryDescrCategeory(), sGetCategoryDescrDocument()};
-    LoadTree(TreeView1_->nodes(), &lbMain_->groups(), false, false);
+    loadTree();
     buildStatusBar();
     SetTBState(false, false);
     clearDescription();
@@ -251,6 +268,51 @@ void TemplateTree::buildStatusBar()
         sbZorvoBrendle_->setWidth(nPanel, kPanelTwips);
     }
     markUiIds(*sbZorvoBrendle_);
+}
+
+/// A fill that takes long shows how far it has come. Nothing but the bar itself is painted meanwhile: an
+/// event served now could use a tree that is half there.
+void TemplateTree::loadTree()
+{
+    treeState().progress = [this](int nDone, int nTotal) { showProgress(nDone, nTotal); };
+    const auto end = qScopeGuard([this] {
+        treeState().progress = {};
+        gagZorvoBrendle_->hide();
+    });
+    LoadTree(TreeView1_->nodes(), &lbMain_->groups(), false, false);
+    orderFocus();
+}
+
+/// The list bar's entries are made by the fill, after all other controls.
+void TemplateTree::orderFocus()
+{
+    // Only what takes the focus has a place in its order; these two take it while they scroll.
+    const auto instructions = instructionsArea_->focusPolicy();
+    const auto description = descriptionArea_->focusPolicy();
+    instructionsArea_->setFocusPolicy(Qt::StrongFocus);
+    descriptionArea_->setFocusPolicy(Qt::StrongFocus);
+    if (QWidget* last = lbMain_->lastEntry())
+        setTabOrder(last, TreeView1_);
+    setTabOrder(TreeView1_, instructionsArea_);
+    setTabOrder(instructionsArea_, linkContactUs_);
+    setTabOrder(linkContactUs_, descriptionArea_);
+    instructionsArea_->setFocusPolicy(instructions);
+    descriptionArea_->setFocusPolicy(description);
+}
+
+void TemplateTree::showProgress(int nDone, int nTotal)
+{
+    if (!isVisible())
+        return;
+    constexpr int kSteps = 100;
+    const bool bNew = gagZorvoBrendle_->isHidden() || gagZorvoBrendle_->maximum() != nTotal;
+    const int nShown = gagZorvoBrendle_->value();
+    if (!bNew && (nDone - nShown) * kSteps < nTotal)
+        return;
+    gagZorvoBrendle_->setRange(0, nTotal);
+    gagZorvoBrendle_->setValue(nDone);
+    gagZorvoBrendle_->show();
+    gagZorvoBrendle_->repaint();
 }
 
 void TemplateTree::restoreGeometry()

@@ -20,6 +20,7 @@ class LinkLabel;
 class ListBar;
 class MnemonicLabel;
 class StatusPanels;
+class TextScrollArea;
 class ToolBands;
 class TreeNode;
 class TreeView;
@@ -74,6 +75,8 @@ protected:
 private:
     void buildControls();
     void buildDescription();
+    void layOutInstructions();
+    void layOutDescription();
     void layOut();
     void connectControls();
     void mapCommands();
@@ -82,6 +85,9 @@ private:
     void buildStatusBar();
     void restoreGeometry();
     void storeGeometry();
+    void loadTree();
+    void orderFocus();
+    void showProgress(int nDone, int nTotal);
     static void handSelectionOver();
     void RebrandToolbars();
     /// As with nothing selected: a tree that was filled anew has no selection.
@@ -105,6 +111,8 @@ private:
     QGroupBox* fraInstructions_ = nullptr;
     QGroupBox* fraDesc_ = nullptr;
     MnemonicLabel* lblDesc_ = nullptr;
+    TextScrollArea* instructionsArea_ = nullptr;
+    TextScrollArea* descriptionArea_ = nullptr;
     MnemonicLabel* lblInstructions_ = nullptr;
     MnemonicLabel* lblContactUsMessage_ = nullptr;
     MnemonicLabel* lblContactUsClickLinkInstructions_ = nullptr;

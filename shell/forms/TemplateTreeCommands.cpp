@@ -19,7 +19,6 @@
 #include "shell/forms/treeSearchForms.h"
 #include "shell/listBarJump.h"
 #include "support/versionReport.h"
-#include "tree/LoadTree.h"
 #include "tree/NodeDocument.h"
 #include "tree/ProcessOK.h"
 #include "tree/nodeTag.h"
@@ -31,6 +30,27 @@
 #include <QScopedValueRollback>
 
 namespace zorvo {
+
+namespace {
+
+/// Commands are lost while this lives; a failure must not leave them lost for good.
+class BusyLoading {
+public:
+    BusyLoading()
+    {
+        goMousePointer().setMousePointer(11);
+        sessionState().gbLoading = true;
+    }
+    ~BusyLoading()
+    {
+        sessionState().gbLoading = false;
+        goMousePointer().setMousePointer(0);
+    }
+    BusyLoading(const BusyLoading&) = delete;
+    BusyLoading& operator=(const BusyLoading&) = delete;
+};
+
+} // namespace
 
 void TemplateTree::mapCommands()
 {
@@ -45,10 +65,10 @@ void TemplateTree::mapCommands()
         {"ID_SEARCHSABLEWOODLIBRARY", [this] { RunLibrarySearch(); }},
         {"ID_SEARCHTREE", [this] { SearchTree(); }},
         {"ID_BRENDLEHELP", [this] { ShowHelpContents(); }},
-        {"ID_CONTACTUS", [] { OpenContactUs(); }},
-        {"ID_ZORVOMYACCOUNT", [] { ZorvoMyAccount(); }},
+        {"ID_CONTACTUS", [this] { OpenContactUs(winId()); }},
+        {"ID_ZORVOMYACCOUNT", [this] { ZorvoMyAccount(winId()); }},
         {"ID_ZORVONETSUPPORT", [] { ZorvoOnTheWeb(true); }},
-        {"ID_ZORVOQUICKTOUR", [] { ZorvoQuickTour(); }},
+        {"ID_ZORVOQUICKTOUR", [this] { ZorvoQuickTour(winId()); }},
         {"ID_ZORVOFAQS", [] { ZorvoOnTheWeb({}, sGetWebOnTheWeb1()); }},
         {"ID_ABOUT", [this] { ShowAboutBox(); }},
         {"ID_WORD", [this] { newWordDocument(); }},
@@ -81,8 +101,8 @@ void TemplateTree::listBarClick(int index)
     if (sessionState().gbLoading || goMousePointer().MousePointer() != 0 || bInListBarClick_)
         return;
     const QScopedValueRollback guard(bInListBarClick_, true);
-    const std::string sKey = lbMain_->groups().item(index).sKey;
     try {
+        const std::string sKey = lbMain_->groups().item(index).sKey;
         if (sKey == GetCompanyID() + "net")
             ZorvoOnTheWeb();
         else
@@ -138,8 +158,9 @@ void TemplateTree::ExpandCollapse(bool bExpand)
 {
     if (!tree().selectedNode())
         return;
-    const QScopedValueRollback armed(bEventsArmed_, false);
+    bEventsArmed_ = false; // no selection events during the walk
     expandCollapse(tree(), bExpand);
+    bEventsArmed_ = true;
 }
 
 void TemplateTree::SearchTree()
@@ -163,17 +184,14 @@ void TemplateTree::setViewTo(bool bCurrentOnly)
 
 void TemplateTree::SetTBState(bool bReadSettings, bool bLoadTree)
 {
-    goMousePointer().setMousePointer(11);
-    sessionState().gbLoading = true;
+    const BusyLoading busy;
     if (bReadSettings)
         LoadSettings();
     setToolStates();
     if (bLoadTree) {
-        LoadTree(tree(), &lbMain_->groups(), false, false);
+        loadTree();
         clearDescription();
     }
-    sessionState().gbLoading = false;
-    goMousePointer().setMousePointer(0);
 }
 
 void TemplateTree::setToolStates()

@@ -3,16 +3,32 @@
 #include "shell/forms/frmNoMoreSearch.h"
 #include "shell/forms/frmTreeSearch.h"
 #include "shell/treeSearch.h"
+#include "window/spacing.h"
+
+#include <QApplication>
 
 namespace zorvo {
 
 namespace {
+
+/// In the lower right corner of the main window, where it hides no match.
+void standAside(Form& form)
+{
+    const QWidget* front = QApplication::activeWindow();
+    if (!front)
+        return;
+    form.load();
+    form.adjustSize();
+    const QRect area = front->geometry();
+    form.move(area.right() - form.width() - kFormMargin, area.bottom() - form.height() - 4 * kFormMargin);
+}
 
 class SearchDialog : public TreeSearchDialog {
 public:
     ~SearchDialog() override { form_.unload(); }
     bool ask() override
     {
+        standAside(form_);
         form_.showModal();
         return form_.bFindNext;
     }

@@ -37,16 +37,16 @@ protected:
 TEST_F(WebPagesTest, TheContactLinkGivesItsOwnParametersAndFolder)
 {
     xmlCaptionLoader();
-    OpenContactUs();
+    OpenContactUs(7);
     EXPECT_EQ(lastOpened(), "http://contact.example|1|1");
 }
 
 TEST_F(WebPagesTest, TourAndAccountOpenFromTheRoot)
 {
     xmlCaptionLoader();
-    ZorvoQuickTour();
+    ZorvoQuickTour(7);
     EXPECT_EQ(lastOpened(), "http://tour.example||C:\\");
-    ZorvoMyAccount();
+    ZorvoMyAccount(7);
     EXPECT_EQ(lastOpened(), "http://account.example||C:\\");
     EXPECT_EQ(fakes.launcher->opened.back().show, Launcher::Show::normal);
 }
@@ -96,6 +96,35 @@ TEST_F(WebPagesTest, ACodeOfFailureFromTheLauncherIsNotLookedAt)
     ZorvoQuickTour();
     setFailureReporter(before);
     EXPECT_FALSE(bReported);
+}
+
+TEST_F(WebPagesTest, TheMainWindowAsksForItsOwnPagesAndNoWindowForTheOthers)
+{
+    OpenContactUs(7);
+    ZorvoQuickTour(7);
+    ZorvoMyAccount(7);
+    ZorvoOnTheWeb();
+    std::vector<std::uintptr_t> windows;
+    for (const auto& each : fakes.launcher->opened)
+        windows.push_back(each.ownerWindow);
+    EXPECT_EQ(windows, (std::vector<std::uintptr_t>{7, 7, 7, 0}));
+}
+
+TEST_F(WebPagesTest, AFailureOfTheLauncherIsReportedWithEachLaunchersOwnTag)
+{
+    fakes.launcher->nFailOpen = kPermissionDenied;
+    std::vector<std::string> tags;
+    const FailureReporter before = setFailureReporter([&tags](const auto& sTag, const auto&, const auto&) {
+        tags.push_back(sTag.value_or("") + " " + std::to_string(gnErrNumber));
+    });
+    OpenContactUs(7);
+    ZorvoQuickTour(7);
+    ZorvoMyAccount(7);
+    ZorvoOnTheWeb();
+    setFailureReporter(before);
+    EXPECT_EQ(tags, (std::vector<std::string>{
+                        "TemplateTree.linkContactUs_Click 70", "TemplateTree.ZorvoQuickTour 70",
+                        "TemplateTree.ZorvoMyAccount 70", "basZorvoBrendle.ZorvoOnTheWeb 70"}));
 }
 
 } // namespace

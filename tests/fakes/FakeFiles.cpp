@@ -203,6 +203,8 @@ void FakeFiles::failOn(Operation operation, const std::string& path, int number)
 void FakeFiles::begin(Operation operation, const std::string& path)
 {
     calls.push_back({operation, path});
+    if (onCall)
+        onCall(Call(calls.back()));
     for (const std::string& key : {keyOf(path), std::string()}) {
         const auto failure = failures_.find({operation, key});
         if (failure != failures_.end() && failure->second != 0)

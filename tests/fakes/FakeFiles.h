@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -63,6 +64,8 @@ public:
 
     /// Every operation of the enumeration, failed ones too, in order, the path as it was given.
     std::vector<Call> calls;
+    /// Run ahead of each.
+    std::function<void(const Call& call)> onCall;
 
 private:
     struct Node {

@@ -21,9 +21,11 @@ std::string FakeSpecialFolders::special(int id)
 }
 
 int RecordingLauncher::open(const std::string& target, const std::string& parameters,
-                            const std::string& directory, Show show)
+                            const std::string& directory, Show show, std::uintptr_t ownerWindow)
 {
-    opened.push_back({target, parameters, directory, show});
+    if (nFailOpen != 0)
+        throw RunTimeError(nFailOpen);
+    opened.push_back({target, parameters, directory, show, ownerWindow});
     return nOpenResult;
 }
 

@@ -41,16 +41,19 @@ public:
         std::string sParameters;
         std::string sDirectory;
         Show show = Show::normal;
+        std::uintptr_t ownerWindow = 0;
     };
 
     int open(const std::string& target, const std::string& parameters, const std::string& directory,
-             Show show) override;
+             Show show, std::uintptr_t ownerWindow = 0) override;
     void start(const std::string& commandLine) override;
 
     std::vector<Opened> opened;
     std::vector<std::string> started;
 
     int nOpenResult = 42;
+    /// While it isn't 0, `open` throws it.
+    int nFailOpen = 0;
     /// While it isn't 0, `start` throws it.
     int nFailStart = 0;
 };

@@ -9,6 +9,8 @@ std::optional<std::string> FakeSettings::get(const std::string& application, con
                                              const std::string& key)
 {
     read.push_back({application, section, key, {}});
+    if (onRead)
+        onRead(key);
     const Section& entries = sections_[sectionName(application, section)];
     const auto found = entries.find(upperCase(key));
     if (found == entries.end())
@@ -22,6 +24,8 @@ void FakeSettings::set(const std::string& application, const std::string& sectio
     if (nFailWrites != 0)
         throw RunTimeError(nFailWrites);
     written.push_back({application, section, key, value});
+    if (onWrite)
+        onWrite(key);
     Section& entries = sections_[sectionName(application, section)];
     const auto found = entries.find(upperCase(key));
     if (found == entries.end())

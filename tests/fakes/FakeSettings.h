@@ -2,6 +2,7 @@
 
 #include "platform/SettingsStore.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -32,6 +33,10 @@ public:
 
     /// While it isn't 0, every `set` throws this number and stores nothing.
     int nFailWrites = 0;
+
+    /// Run ahead of each reading and writing.
+    std::function<void(const std::string& sKey)> onRead;
+    std::function<void(const std::string& sKey)> onWrite;
 
     std::vector<Access> written;
     std::vector<Access> read;

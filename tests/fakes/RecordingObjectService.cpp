@@ -22,6 +22,8 @@ void RecordingObjectService::reconsiderEnd()
 void RecordingObjectService::endProcess()
 {
     ++nEnded;
+    if (onEnd)
+        onEnd();
     throw ProcessEnded();
 }
 

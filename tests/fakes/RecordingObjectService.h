@@ -2,6 +2,7 @@
 
 #include "platform/ObjectService.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,8 @@ public:
     std::function<bool()> isFormLoaded;
     int nReconsidered = 0;
     int nEnded = 0;
+    /// Run when the process would end.
+    std::function<void()> onEnd;
 
 private:
     const AutomationClass& classOf(const std::string& progId) const;

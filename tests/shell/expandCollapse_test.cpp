@@ -56,6 +56,38 @@ TEST_F(ExpandCollapseTest, ReachesBelowTheLastSibling)
     EXPECT_THAT(expanded(), ElementsAre("P2", "F2"));
 }
 
+TEST_F(ExpandCollapseTest, VisitsWhateverLiesBetweenTwoSiblingsByNumber)
+{
+    // Added late: between it and its first sibling lies all that came meanwhile.
+    tree.add("N", "L", "Late product", -1, 1);
+    tree.setSelected(*tree.find("N"), true);
+    expandCollapse(tree, true);
+    EXPECT_THAT(expanded(), ElementsAre("N", "P1", "F1", "P2", "F2", "H"));
+}
+
+TEST_F(ExpandCollapseTest, OpensFromTheInsideOut)
+{
+    class Order : public TreeNodesListener {
+    public:
+        void nodesAboutToReset() override {}
+        void nodesReset() override {}
+        void nodeAboutToBeAdded(TreeNode* /*parent*/, int /*row*/) override {}
+        void nodeAdded() override {}
+        void nodeAboutToBeRemoved(const TreeNode& /*node*/) override {}
+        void nodeRemoved() override {}
+        void expandedChanged(TreeNode& node) override { keys.push_back(node.key()); }
+        void selectionChanged(TreeNode& /*node*/) override {}
+        void selectionCleared() override {}
+        void selectionModeChanged() override {}
+        std::vector<std::string> keys;
+    } order;
+    tree.setSelected(*tree.find("G"), true);
+    tree.setListener(&order);
+    expandCollapse(tree, true);
+    tree.setListener(nullptr);
+    EXPECT_THAT(order.keys, ElementsAre("D1", "F1", "P1", "N", "D2", "F2", "P2", "G"));
+}
+
 TEST_F(ExpandCollapseTest, DoesNothingWithNothingSelected)
 {
     expandCollapse(tree, true);
@@ -83,6 +115,24 @@ TEST_F(ExpandCollapseTest, AListBarClickComparesTheFileNamePartOfTheKeyWithoutEx
 {
     jumpToListBarEntry(tree, "C:\\Images\\H.ico");
     EXPECT_TRUE(tree.find("H")->selected());
+}
+
+TEST_F(ExpandCollapseTest, AListBarClickTakesOnlyTheNodeWithTheFocusOutOfTheSelection)
+{
+    tree.setSelected(*tree.find("D1"), true);
+    tree.setSelected(*tree.find("D2"), true);
+    jumpToListBarEntry(tree, "H");
+    EXPECT_TRUE(tree.find("D1")->selected());
+    EXPECT_FALSE(tree.find("D2")->selected());
+    EXPECT_EQ(tree.selectedNode(), tree.find("H"));
+}
+
+TEST_F(ExpandCollapseTest, AListBarClickOnTheSelectedGroupTakesItsSelectionBack)
+{
+    tree.setSelected(*tree.find("H"), true);
+    jumpToListBarEntry(tree, "H");
+    EXPECT_FALSE(tree.find("H")->selected());
+    EXPECT_TRUE(tree.find("H")->expanded());
 }
 
 TEST_F(ExpandCollapseTest, AListBarClickWithoutMatchKeepsTheSelection)

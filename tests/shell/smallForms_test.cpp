@@ -13,6 +13,7 @@
 #include "shell/forms/optionsDialog.h"
 #include "shell/shellState.h"
 #include "tests/shell/MainFormTest.h"
+#include "tests/shell/modalForms.h"
 #include "window/StatusPanels.h"
 #include "window/clsMousePointer.h"
 
@@ -25,33 +26,8 @@
 #include <QTest>
 #include <QTimer>
 
-#include <functional>
-
 namespace zorvo {
 namespace {
-
-template <typename Control>
-Control* child(QWidget& form, const char* name)
-{
-    return form.findChild<Control*>(QString::fromLatin1(name));
-}
-
-/// Acts on the modal form of that name as soon as it is up.
-void whenModal(const char* name, const std::function<void(QWidget&)>& act)
-{
-    QTimer::singleShot(20, qApp, [name, act] {
-        QWidget* form = QApplication::activeModalWidget();
-        if (form && form->objectName() == QLatin1String(name))
-            act(*form);
-        else
-            whenModal(name, act);
-    });
-}
-
-void click(QWidget& form, const char* name)
-{
-    QTest::mouseClick(child<QPushButton>(form, name), Qt::LeftButton);
-}
 
 constexpr const char* kMissingSplash = "basBranding.LoadBrandedPicture(Splash.bmp)";
 

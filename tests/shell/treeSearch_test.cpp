@@ -1,5 +1,6 @@
 #include "shell/treeSearch.h"
 
+#include "base/RunTimeError.h"
 #include "window/TreeNodes.h"
 
 #include <gmock/gmock.h>
@@ -49,6 +50,8 @@ public:
     }
     bool answer(const std::string& sText)
     {
+        if (bFailsAtAMatch && !tree_.multiSelect())
+            throw RunTimeError(kOverflow);
         std::string sSelected;
         for (const TreeNode* node : tree_.selectedNodes())
             sSelected += node->key();
@@ -62,6 +65,7 @@ public:
     std::string typed;
     std::deque<bool> findNext;
     int nContinue = 0;
+    bool bFailsAtAMatch = false;
     int nDialogs = 0;
     std::vector<std::string> journal;
 
@@ -132,6 +136,21 @@ TEST_F(TreeSearchTest, OkAtTheEndAsksForTheTextAgain)
     SearchTree(tree, forms);
     EXPECT_THAT(forms.journal,
                 ElementsAre("memo:b", "memo:b single", "no more", "memo:b", "memo:b single", "no more"));
+}
+
+TEST_F(TreeSearchTest, GroupsAndProductsAreSearchedToo)
+{
+    forms.typed = "audit";
+    SearchTree(tree, forms);
+    EXPECT_THAT(forms.journal, ElementsAre("audit:b", "audit:p single", "no more"));
+}
+
+TEST_F(TreeSearchTest, AFailureGivesTheMultipleSelectionBack)
+{
+    forms.typed = "memo";
+    forms.bFailsAtAMatch = true;
+    EXPECT_THROW(SearchTree(tree, forms), RunTimeError);
+    EXPECT_TRUE(tree.multiSelect());
 }
 
 TEST_F(TreeSearchTest, CancelAtTheEndLeavesTheLastMatchSelected)

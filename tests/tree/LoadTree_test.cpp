@@ -510,6 +510,33 @@ TEST_F(LoadTreeTest, SurvivesTheWindowsEndWhileABoxIsUp)
     EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.LoadProductGroups"));
 }
 
+TEST_F(LoadTreeTest, TellsItsProgressEntryByEntryOverAllGroups)
+{
+    setStatus("<ProductGroup><Title>G</Title><TitleShort/><IconLarge/><IconSmall/>" +
+              group("N", entry({.sKey = "AB"}) + entry({.sKey = "XX", .sInstalled = "False"})) +
+              entry({.sKey = "CD"}) + "</ProductGroup>" + group("H", entry({.sKey = "EF"})));
+    setLibrary(product("AB", "2007", "{P}", "AB", document("{D}", "Doc", "a.dot")) +
+               product("CD", "2007", "{Q}", "CD", document("{E}", "Doc", "a.dot")) +
+               product("EF", "2007", "{R}", "EF", document("{F}", "Doc", "a.dot")));
+    std::vector<std::string> told;
+    treeState().progress = [&](int nDone, int nTotal) {
+        std::string sLine = std::to_string(nDone);
+        sLine.append("/").append(std::to_string(nTotal)).append(" ").append(std::to_string(tree.count()));
+        told.push_back(sLine);
+    };
+    load();
+    EXPECT_THAT(told, ElementsAre("1/4 4", "2/4 4", "3/4 6", "4/4 9"))
+        << "each is told behind its nodes: group, nested group, product, document and so on";
+}
+
+TEST_F(LoadTreeTest, TellsNoProgressWhenNobodyAsks)
+{
+    setStatus(group("G", entry({.sKey = "AB"})));
+    setLibrary(product("AB", "2007", "{P}", "AB", document("{D}", "Doc", "a.dot")));
+    load();
+    EXPECT_EQ(tree.count(), 3);
+}
+
 class AllOfferingsTest : public LoadTreeTest {
 protected:
     AllOfferingsTest()

@@ -128,5 +128,53 @@ TEST_F(NodeDocumentTest, ShowsNothingForAnElementWithoutADescription)
     EXPECT_THAT(window.calls, ElementsAre("new document on while loading", "description "));
 }
 
+class OwnDescription : public NodeDocumentTest {
+protected:
+    OwnDescription()
+    {
+        setOwnLibrary("C:\\T\\", document("{D}", "Doc", "a.dot", "First"));
+        tree.add("", sKey, "Doc", -1, 3);
+    }
+    std::string shown()
+    {
+        ShowNodeDescription(window, node(sKey));
+        return window.calls.back();
+    }
+    int reads() const
+    {
+        return static_cast<int>(
+            std::count_if(fakes.files->calls.begin(), fakes.files->calls.end(), [](const auto& call) {
+                return call.operation == FakeFiles::Operation::read &&
+                       call.sPath == "C:\\T\\Zorvo Library.xml";
+            }));
+    }
+
+    const std::string sKey = "{D}`C:\\T\\Zorvo Library.xml";
+};
+
+TEST_F(OwnDescription, ReadsTheProductsCatalogueOnceForManyKeyPresses)
+{
+    EXPECT_EQ(shown(), "description First");
+    EXPECT_EQ(shown(), "description First");
+    EXPECT_EQ(reads(), 1);
+}
+
+TEST_F(OwnDescription, ShowsWhatAnUpdateOfTheProductHasWritten)
+{
+    shown();
+    setOwnLibrary("C:\\T\\", document("{D}", "Doc", "a.dot", "Other"));
+    EXPECT_EQ(shown(), "description Other");
+    fakes.files->remove("C:\\T\\Zorvo Library.xml");
+    EXPECT_EQ(shown(), "description ");
+}
+
+TEST_F(OwnDescription, TheCatalogueGoesWithTheMainWindowsDocuments)
+{
+    shown();
+    ReleaseCatalogDocuments();
+    shown();
+    EXPECT_EQ(reads(), 2);
+}
+
 } // namespace
 } // namespace zorvo
