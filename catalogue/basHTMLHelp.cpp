@@ -24,13 +24,14 @@ std::shared_ptr<clsHTMLHelp> heldInstance()
 
 } // namespace
 
-void EnsureHTMLHelp(std::optional<std::uintptr_t> hWnd)
+bool EnsureHTMLHelp(std::optional<std::uintptr_t> hWnd)
 {
     if (instance())
-        return;
+        return false;
     instance() = std::make_shared<clsHTMLHelp>();
     if (hWnd)
         instance()->setHWnd(*hWnd);
+    return true;
 }
 
 void ReleaseHTMLHelp()

@@ -6,8 +6,9 @@
 /// The one instance of the help, made by the first request.
 namespace zorvo {
 
-/// Makes the instance if there is none. Only at that moment is a given owner window stored.
-void EnsureHTMLHelp(std::optional<std::uintptr_t> hWnd = {});
+/// Makes the instance if there is none, and says whether it did. Only at that moment is a given owner window
+/// stored.
+bool EnsureHTMLHelp(std::optional<std::uintptr_t> hWnd = {});
 /// Drops the instance, and with it the help windows that are open.
 void ReleaseHTMLHelp();
 

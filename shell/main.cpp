@@ -5,6 +5,8 @@
 #include "platform/linux/DBusObjectCreator.h"
 #include "platform/linux/DBusObjectService.h"
 #include "platform/linux/LibreOffice.h"
+#include "platform/linux/LinuxHelpViewer.h"
+#include "platform/linux/environmentFolders.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
 #include "shell/automationClasses.h"
@@ -29,6 +31,8 @@ int main(int argc, char** argv)
     platform().objects = std::make_shared<DBusObjectCreator>(platform().registry);
     platform().service = std::make_shared<DBusObjectService>();
     platform().office = makeLibreOffice();
+    platform().help = std::make_shared<LinuxHelpViewer>(
+        DosPaths(userDataFolder()), QCoreApplication::applicationDirPath().toStdString() + "/brendle-help");
     // While the office suite works the windows stay painted and the waiting box runs; clicks and keys wait.
     platform().office->setIdleWork(
         [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });

@@ -221,6 +221,9 @@ void TemplateTree::onLoad()
         shellState().gfrmMain = nullptr;
         sessionState().gbLoading = false;
         goMousePointer().setMousePointer(kDefaultPointer);
+        // Nor may the help keep its window as the owner for the rest of the session.
+        if (bMadeHelp_)
+            ReleaseHTMLHelp();
         throw;
     }
 }
@@ -241,7 +244,7 @@ void TemplateTree::runLoadSteps()
     SetTBState(false, false);
     clearDescription();
     tools_.setVisible("ID_PRODVERSION", true);
-    EnsureHTMLHelp(static_cast<std::uintptr_t>(winId()));
+    bMadeHelp_ = EnsureHTMLHelp(static_cast<std::uintptr_t>(winId()));
     sessionState().gbLoading = true;
     restoreGeometry();
     const std::string sCaption = sMainCaption(GetCompanyID());

@@ -128,6 +128,8 @@ private:
     bool bTreeHasFocus_ = false;
     bool bEventsArmed_ = false;
     bool bFirstActivate_ = true;
+    /// The help has come into being with this form as its owner.
+    bool bMadeHelp_ = false;
     bool bInToolClick_ = false;
     bool bInListBarClick_ = false;
     bool bInDoubleClick_ = false;

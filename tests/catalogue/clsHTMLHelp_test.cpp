@@ -198,8 +198,8 @@ TEST_F(HelpTest, AFailedCopyStillGivesTheCopysPathAndIsntTriedAgain)
 
 TEST_F(HelpTest, ASecondEnsureLeavesTheOwnerAsItWas)
 {
-    EnsureHTMLHelp(11);
-    EnsureHTMLHelp(22);
+    EXPECT_TRUE(EnsureHTMLHelp(11));
+    EXPECT_FALSE(EnsureHTMLHelp(22));
     ShowHelpContents();
     EXPECT_EQ(viewer->shown.at(0).owner, 11U);
 }

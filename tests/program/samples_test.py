@@ -345,5 +345,62 @@ class Icons(unittest.TestCase):
             self.assertEqual([16, 20, 24, 32, 48], [data[6 + 16 * i] for i in range(count)], path)
 
 
+class HelpFile(unittest.TestCase):
+    """Its sources: what a page, a line of the contents or of the index, or a number leads to is there."""
+
+    FOLDER = SOURCE / "sample" / "help"
+
+    def pages(self):
+        return {path.name: path.read_text(encoding="utf-8") for path in self.FOLDER.glob("*.htm")}
+
+    def section(self, name):
+        project = (self.FOLDER / "QBK_HELP.hhp").read_text(encoding="utf-8")
+        lines = project.split("[%s]" % name)[1].split("[")[0].splitlines()
+        return [line for line in lines if line and not line.startswith(";")]
+
+    def targets(self, map_name):
+        return re.findall(r'name="Local" value="([^"]*)"', (self.FOLDER / map_name).read_text(encoding="utf-8"))
+
+    def assert_leads(self, target, where):
+        page, _, anchor = target.partition("#")
+        pages = self.pages()
+        self.assertIn(page, pages, "%s leads to %s" % (where, target))
+        if anchor:
+            self.assertIn('name="%s"' % anchor, pages[page], "%s leads to %s" % (where, target))
+
+    def test_every_link_leads_somewhere(self):
+        for name, text in self.pages().items():
+            for target in re.findall(r'href="([^"?]*)"', text):
+                if target != "help.css":
+                    self.assert_leads(target if not target.startswith("#") else name + target, name)
+
+    def test_contents_and_index_lead_to_pages_and_no_page_is_left_out(self):
+        for target in self.targets("contents.hhc") + self.targets("index.hhk"):
+            self.assert_leads(target, "the contents or the index")
+        self.assertEqual(sorted(self.targets("contents.hhc")), sorted(self.pages()))
+
+    def test_the_project_takes_all_pages_and_numbers_its_topics(self):
+        self.assertEqual(sorted(self.section("FILES")), sorted([*self.pages(), "help.css"]))
+        pages = dict(line.split("=") for line in self.section("ALIAS"))
+        numbers = {int(line.split()[2]): pages[line.split()[1]] for line in self.section("MAP")}
+        self.assertEqual(sorted(numbers), list(range(1, len(numbers) + 1)))
+        self.assertEqual(numbers[1], "manydocuments.htm", "what the forms that make many documents ask for")
+
+    def test_the_index_is_in_order(self):
+        words = re.findall(r'<OBJECT[^>]*><param name="Name" value="([^"]*)"',
+                           (self.FOLDER / "index.hhk").read_text(encoding="utf-8"))
+        self.assertEqual(words, sorted(words, key=str.lower))
+
+    def test_each_company_has_the_file_in_its_own_wording(self):
+        def words(path):
+            return (PROGRAM / path).read_bytes().decode("utf-8", "replace")
+
+        self.assertIn("Zorvo's Brendle Help", words("QBK_HELP.chm"))
+        self.assertIn("Disclosure Library", words("OTR/QBK_HELP.chm"))
+        self.assertIn("https://assurance.otr.example/contact", words("OTR/QBK_HELP.chm"))
+        for path in ("OTR/QBK_HELP.chm", "MRL/QBK_HELP.chm"):
+            self.assertNotRegex(words(path), r"Zorvo|\?[A-Z][a-z]+\?")
+
+
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1], verbosity=1)

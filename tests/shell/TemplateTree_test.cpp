@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "base/sessionState.h"
 #include "branding/xmlCaptionLoaderManager.h"
+#include "catalogue/basHTMLHelp.h"
 #include "creation/creationState.h"
 #include "platform/Files.h"
 #include "platform/machineAccess.h"
@@ -11,6 +12,7 @@
 #include "shell/eventMailbox.h"
 #include "shell/session.h"
 #include "shell/shellState.h"
+#include "tests/fakes/RecordingHelpViewer.h"
 #include "tests/shell/MainFormTest.h"
 #include "tree/treeState.h"
 #include "window/ListBar.h"
@@ -113,6 +115,29 @@ TEST_F(TemplateTreeTest, AFailedLoadReachesItsCallerAndLeavesNoMainForm)
     EXPECT_THROW(form(), RunTimeError);
     EXPECT_EQ(shellState().gfrmMain, nullptr);
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
+}
+
+TEST_F(TemplateTreeTest, AFailedLoadLeavesTheHelpWithoutItsWindow)
+{
+    const auto viewer = std::make_shared<RecordingHelpViewer>();
+    platform().help = viewer;
+    store("MainState", "99999");
+    EXPECT_THROW(form(), RunTimeError);
+    ShowHelpContents();
+    ASSERT_EQ(viewer->shown.size(), 1U);
+    EXPECT_EQ(viewer->shown[0].owner, 0U);
+    ReleaseHTMLHelp();
+}
+
+TEST_F(TemplateTreeTest, AFailedLoadLeavesHelpThatWasOpenBefore)
+{
+    const auto viewer = std::make_shared<RecordingHelpViewer>();
+    platform().help = viewer;
+    ShowHelpContents();
+    store("MainState", "99999");
+    EXPECT_THROW(form(), RunTimeError);
+    EXPECT_EQ(viewer->shown.size(), 1U) << "nothing is closed";
+    ReleaseHTMLHelp();
 }
 
 TEST_F(TemplateTreeTest, AMissingFrameworkEndsTheProcessInTheMiddleOfTheLoad)

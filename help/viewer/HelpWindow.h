@@ -1,0 +1,68 @@
+#pragma once
+
+#include "help/viewer/Book.h"
+#include "help/viewer/BookSearch.h"
+
+#include <QMainWindow>
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QSplitter;
+class QTabWidget;
+
+namespace zorvo::help {
+
+class EntryTree;
+class PageView;
+class SearchPane;
+
+/// One book on the screen: contents, index and search on the left, the page on the right.
+class HelpWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    HelpWindow(std::unique_ptr<Book> book, std::function<void(const QString&)> openWeb);
+    ~HelpWindow() override;
+
+    void showDefaultTopic();
+    void showContents();
+    void showIndex();
+    /// A number that the book doesn't have is told above the page that stands there.
+    void showNumberedTopic(std::uint32_t number);
+
+    /// In front of all other windows, or back in the row. Neither moved nor sized.
+    void setTopMost(bool bTop);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build();
+    void buildTools();
+    QWidget* buildIndex();
+    void goTo(const QString& target);
+    void goHome();
+    void ensurePage();
+    void pageChanged();
+    void setNotice(const QString& text);
+    void setIcons();
+    void openTab(int nTab);
+    void setPaneShown(bool bShown);
+    void zoom(int nSteps);
+
+    std::unique_ptr<Book> book_;
+    QTabWidget* tabs_;
+    EntryTree* contents_;
+    QLineEdit* indexText_ = nullptr;
+    EntryTree* index_ = nullptr;
+    SearchPane* search_ = nullptr;
+    PageView* page_;
+    QLabel* notice_;
+    QAction* toggle_ = nullptr;
+    QAction* back_ = nullptr;
+    QAction* forward_ = nullptr;
+    QAction* home_ = nullptr;
+    int nZoom_ = 0;
+};
+
+} // namespace zorvo::help
