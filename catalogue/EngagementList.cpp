@@ -69,7 +69,7 @@ void EngagementList::addRows(const XmlNode& product)
     for (const XmlNode& engagement : objSource.selectNodes(engagementPath(sProductKey, sVersion))) {
         std::string sKey = sProductKey + ";" + sVersion;
         if (const auto sPackage = engagement.attributeIfAny("package"))
-            sKey += ";" + *sPackage;
+            sKey.append(";").append(*sPackage);
         texts_.push_back(firstContent(engagement).text());
         listData_.push_back(sKey);
     }

@@ -57,7 +57,7 @@ void clsHTMLHelp::show(HelpViewer::Command command, std::uint32_t nData)
 std::string clsHTMLHelp::sHelpFile()
 {
     const std::string sCompany = GetCompanyID();
-    const std::string sFile = GetBrandedFilePath("QBK_HELP.chm");
+    std::string sFile = GetBrandedFilePath("QBK_HELP.chm");
     if (sCompany == "Zorvo")
         return sFile;
     if (sFile == msLastSource_)
