@@ -33,6 +33,11 @@ constexpr const char* kNote = "<p><b>Note: Products not updated since 2003 will 
 constexpr const char* kPageEnd = "</body></html>";
 constexpr const char* kNoProducts = "<tr><td>There are no products installed in this category.</td></tr>";
 
+std::string below(const std::string& sKey, const std::string& sName)
+{
+    return sKey + "\\" + sName;
+}
+
 std::unique_ptr<RegistryKey> openMachineKey(const std::string& sPath)
 {
     std::unique_ptr<RegistryKey> key;
@@ -118,7 +123,7 @@ std::string sGetFamilyRows(const std::string& sFamily)
     std::vector<std::string> rows;
     std::string sNewest;
     for (const std::string& sProduct : subKeysOf(*familyKey)) {
-        const std::string sProductPath = sFamily + "\\" + sProduct;
+        const std::string sProductPath = below(sFamily, sProduct);
         const std::string sTitle = sGetHklmValue(sProductPath, "Title");
         // A product whose key can't be opened keeps the year of the one before it.
         if (const auto productKey = openMachineKey(kZorvoKey + sProductPath))
@@ -127,7 +132,7 @@ std::string sGetFamilyRows(const std::string& sFamily)
             sGetRegValue(HKEY_LOCAL_MACHINE, kZorvoKey + sProductPath, "Zorvo_Company_Acronym", "");
         if (isShownFor(sCompany, sAcronym))
             rows.push_back(
-                row(sTitle, sGetHklmValue(sProductPath + "\\" + sNewest + "\\CurrentVersion", "")));
+                row(sTitle, sGetHklmValue(below(below(sProductPath, sNewest), "CurrentVersion"), "")));
     }
     if (rows.empty())
         return kNoProducts;

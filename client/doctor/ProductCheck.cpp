@@ -43,6 +43,11 @@ std::unique_ptr<RegistryKey> openKey(Hive hive, const std::string& sPath)
     return key;
 }
 
+std::string below(const std::string& sKey, const std::string& sName)
+{
+    return sKey + "\\" + sName;
+}
+
 std::vector<std::string> subKeys(Hive hive, const std::string& sPath)
 {
     std::vector<std::string> names;
@@ -79,7 +84,7 @@ std::vector<ProductYear> registeredYears()
         for (const Hive hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
             const std::string sFamilyPath = std::string(kZorvoKey) + sFamily;
             for (const std::string& sProduct : subKeys(hive, sFamilyPath)) {
-                for (const std::string& sYear : yearsOf(hive, sFamilyPath + "\\" + sProduct))
+                for (const std::string& sYear : yearsOf(hive, below(sFamilyPath, sProduct)))
                     found.push_back({sFamily, sProduct, sYear, hive});
             }
         }

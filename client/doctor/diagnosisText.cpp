@@ -47,6 +47,8 @@ std::string faultLine(const Fault& fault)
 
 std::string heading(std::string sName)
 {
+    if (sName == "addIns")
+        return "Add-ins\n";
     sName[0] = static_cast<char>(sName[0] - 'a' + 'A');
     return sName + "\n";
 }

@@ -231,9 +231,12 @@ Inspection::Store settingsFile()
 
 std::vector<Inspection::Program> LinuxInspection::programs()
 {
-    return {ownProgram("zorvobrendle"), ownProgram("brendle"),
+    return {ownProgram("zorvobrendle"),
+            ownProgram("brendle"),
+            ownProgram("brendle-help"),
             officeProgram("LibreOffice Writer", OfficeDocumentKind::text),
-            officeProgram("LibreOffice Calc", OfficeDocumentKind::spreadsheet), busProgram()};
+            officeProgram("LibreOffice Calc", OfficeDocumentKind::spreadsheet),
+            busProgram()};
 }
 
 std::vector<Inspection::Folder> LinuxInspection::folders()

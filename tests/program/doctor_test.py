@@ -232,7 +232,8 @@ class PlantedFaults(DoctorTest):
 
     def test_a_program_that_isnt_there(self):
         os.makedirs(self.folder + "/bin")
-        shutil.copy(BUILD + "/bin/brendle", self.folder + "/bin")
+        for program in ("brendle", "brendle-help"):
+            shutil.copy(BUILD + "/bin/" + program, self.folder + "/bin")
         self.brendle_program = self.folder + "/bin/brendle"
         self.assert_finds("program.missing", file=self.folder + "/bin/zorvobrendle")
 
