@@ -18,34 +18,15 @@ def setUpModule():
 
 
 def tearDownModule():
-    end_office()
+    session.end_office()
     session.end()
-
-
-def end_office():
-    """The user's office of this session's home, and no other."""
-    for line in subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split():
-        try:
-            with open("/proc/%s/environ" % line, "rb") as file:
-                mine = ("HOME=" + session.home).encode() in file.read().split(b"\0")
-        except OSError:
-            continue
-        if mine:
-            os.kill(int(line), 9)
-
-
-def window_names():
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "LibreOffice"], env=session.env,
-                           capture_output=True, text=True).stdout.split()
-    return [subprocess.run(["xdotool", "getwindowname", window], env=session.env, capture_output=True,
-                           text=True).stdout.strip() for window in found]
 
 
 class OneDocument(unittest.TestCase):
     def tearDown(self):
         if not self._outcome.success:
             session.screenshot(self.id())
-        end_office()
+        session.end_office()
         session.end_program()
 
     def test_enter_on_a_workbook_opens_it_new_and_unsaved_and_the_program_stays(self):
@@ -54,7 +35,7 @@ class OneDocument(unittest.TestCase):
         session.key("Down", "Down", "Down", "Right", "Down")
         wait_for("New Document to be enabled", lambda: enabled(control(window, "ID_NEW")))
         session.key("Return")
-        wait_for("the office's window", lambda: any(name.startswith("Untitled") for name in window_names()), 60)
+        wait_for("the office's window", lambda: any(name.startswith("Untitled") for name in session.office_windows()), 60)
         self.assertIsNotNone(session.owner())
         self.assertEqual(os.listdir(session.home + "/Documents"), ["Halvern House"], "nothing was saved")
         wait_for("the main window to be enabled again", lambda: enabled(control(window, "TreeView1")))

@@ -141,7 +141,44 @@ class Session:
             os.kill(process, 15)
             wait_for("the killed program to go", lambda: self.owner() is None)
 
+    # The user's office
+
+    def end_office(self):
+        """The office of this session's home, and no other."""
+        found = subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split()
+        for process in found:
+            try:
+                with open("/proc/%s/environ" % process, "rb") as file:
+                    mine = ("HOME=" + self.home).encode() in file.read().split(b"\0")
+            except OSError:
+                continue
+            if mine:
+                os.kill(int(process), 9)
+
+    def office_windows(self):
+        """Titles of its windows that can be seen."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "LibreOffice"], env=self.env,
+                               capture_output=True, text=True).stdout.split()
+        return [subprocess.run(["xdotool", "getwindowname", window], env=self.env, capture_output=True,
+                               text=True).stdout.strip() for window in found]
+
     # The screen
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--delay", "40", text], env=self.env, check=True)
+
+    def place(self, window):
+        """Where the client area is on the screen: left, top, width, height."""
+        window.clear_cache()
+        area = window.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        return area.x, area.y, area.width, area.height
+
+    def move(self, left, top, width, height):
+        """The active window, by its window manager."""
+        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
+                                check=True).stdout.strip()
+        subprocess.run(["xdotool", "windowsize", "--sync", window, str(width), str(height)], env=self.env, check=True)
+        subprocess.run(["xdotool", "windowmove", window, str(left), str(top)], env=self.env, check=True)
 
     def key(self, *keys):
         for key in keys:
