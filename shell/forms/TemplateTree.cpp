@@ -62,7 +62,7 @@ void fill(QGroupBox& frame, QWidget& contents)
 {
     auto* layout = new QVBoxLayout(&frame);
     layout->setContentsMargins(kSpacing, kSpacing / 2, kSpacing / 2, kSpacing / 2);
-    layout->addWidget(&contents);
+    layout->addWidget(&contents, 1); // as high as it may be, and the rest below it
     layout->addStretch();
 }
 

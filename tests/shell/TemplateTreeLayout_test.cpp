@@ -102,6 +102,14 @@ TEST_F(TemplateTreeLayout, TreeAndDescriptionGrowWithTheForm)
     EXPECT_EQ(nLabelArea, toPixels(toTwips(desc.height()) - 360));
 }
 
+TEST_F(TemplateTreeLayout, TheDescriptionHasItsFrameToItself)
+{
+    showAt(1060, 700);
+    const auto& area = control<TextScrollArea>("descriptionArea");
+    EXPECT_EQ(area.height(), area.maximumHeight());
+    EXPECT_GT(area.height(), control<QWidget>("fraDesc").height() - 48);
+}
+
 TEST_F(TemplateTreeLayout, TheLowerEdgesAreInOneLine)
 {
     showAt(1060, 700);
