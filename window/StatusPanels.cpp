@@ -169,7 +169,14 @@ void StatusPanels::showLock(StatusPanel& panel, const QString& shown, const QStr
 {
     panel.setText(shown);
     panel.setAccessibleName((bOn ? tr("%1 on") : tr("%1 off")).arg(name));
-    panel.setForegroundRole(bOn ? QPalette::WindowText : QPalette::PlaceholderText);
+    // Dimmed by half from the text's own colour: a dark desktop may have no colour for placeholders.
+    QPalette colours;
+    if (!bOn) {
+        QColor dimmed = palette().color(QPalette::WindowText);
+        dimmed.setAlphaF(0.5F);
+        colours.setColor(QPalette::WindowText, dimmed);
+    }
+    panel.setPalette(colours);
 }
 
 void StatusPanels::showClock()
