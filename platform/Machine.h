@@ -28,6 +28,8 @@ public:
     /// The session is shown on another machine.
     virtual bool isRemoteSession() = 0;
     virtual void sleep(int milliseconds) = 0;
+    /// The system's version, such as 5.1 or 6.0; 0 for a system that counts its versions in another way.
+    virtual double systemVersion() = 0;
 };
 
 } // namespace zorvo

@@ -6,6 +6,7 @@
 /// platform at its start, a test its fakes.
 namespace zorvo {
 
+class FileSearch;
 class Files;
 class HelpViewer;
 class Launcher;
@@ -30,6 +31,7 @@ struct Platform {
     std::shared_ptr<Office> office;
     std::shared_ptr<Machine> machine;
     std::shared_ptr<HelpViewer> help;
+    std::shared_ptr<FileSearch> fileSearch;
 };
 
 /// The installed ports.

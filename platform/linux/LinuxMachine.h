@@ -14,6 +14,8 @@ public:
     /// A session of a remote desktop server, or a display of another machine or forwarded to one.
     bool isRemoteSession() override;
     void sleep(int milliseconds) override;
+    /// Always 0: a kernel 6.0 isn't the system of that version.
+    double systemVersion() override { return 0; }
 };
 
 } // namespace zorvo

@@ -9,6 +9,7 @@
 #include "platform/linux/RegistryStore.h"
 #include "platform/linux/SettingsFile.h"
 #include "platform/linux/environmentFolders.h"
+#include "platform/linux/filesearch/LinuxFileSearch.h"
 
 #include <utility>
 
@@ -26,6 +27,7 @@ void installPorts(const DosPaths& paths, std::shared_ptr<RegistryStore> registry
     ports.launcher = std::make_shared<LinuxLauncher>(paths);
     ports.libraries = std::make_shared<LinuxLibraryLoader>(paths);
     ports.machine = std::make_shared<LinuxMachine>();
+    ports.fileSearch = std::make_shared<LinuxFileSearch>(paths);
 }
 
 } // namespace

@@ -85,10 +85,12 @@ public:
     bool isRemoteSession() override { return bRemoteSession; }
     /// Returns at once.
     void sleep(int milliseconds) override { sleeps.push_back(milliseconds); }
+    double systemVersion() override { return nSystemVersion; }
 
     LocalTime time{.year = 2024, .month = 3, .day = 5, .hour = 14, .minute = 7, .second = 9};
     std::string sDateInWords = "Tuesday, Mar 5 2024";
     bool bRemoteSession = false;
+    double nSystemVersion = 5.1;
     std::vector<int> sleeps;
 };
 

@@ -16,7 +16,7 @@ RecordingMessages::RecordingMessages()
         boxes.push_back({sPrompt, nStyle, sTitle});
         if (whileBoxIsUp)
             whileBoxIsUp();
-        return static_cast<int>(kMsgResultOk);
+        return nAnswer;
     });
 }
 

@@ -35,6 +35,8 @@ public:
 
     std::vector<Report> reports;
     std::vector<Box> boxes;
+    /// The button that every box is left with.
+    int nAnswer = kMsgResultOk;
     /// Run while a box is up.
     std::function<void()> whileBoxIsUp;
 

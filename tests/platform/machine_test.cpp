@@ -99,6 +99,11 @@ TEST_F(MachineTest, ARemoteDesktopServersSessionIsRemote)
     }
 }
 
+TEST_F(MachineTest, ACountOfKernelsIsNoSystemVersion)
+{
+    EXPECT_EQ(LinuxMachine().systemVersion(), 0);
+}
+
 TEST_F(MachineTest, SleepingTakesItsTime)
 {
     const auto begin = std::chrono::steady_clock::now();

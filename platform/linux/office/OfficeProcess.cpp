@@ -1,16 +1,15 @@
 #include "platform/linux/office/OfficeProcess.h"
 
 #include "base/RunTimeError.h"
-#include "base/text.h"
 #include "platform/linux/office/childProcess.h"
 #include "platform/linux/office/fileAddress.h"
+#include "platform/linux/office/officeEnvironment.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -19,16 +18,6 @@ namespace zorvo {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool isUtf8Locale()
-{
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const char* value = std::getenv(name);
-        if (value != nullptr && value[0] != '\0')
-            return containsNoCase(value, "UTF-8") || containsNoCase(value, "utf8");
-    }
-    return false;
-}
 
 } // namespace
 
@@ -62,30 +51,12 @@ std::vector<std::string> OfficeProcess::arguments() const
     return result;
 }
 
-std::vector<std::string> OfficeProcess::environment() const
-{
-    std::vector<std::string> result;
-    const bool bUtf8 = isUtf8Locale();
-    for (const std::string& text : ownEnvironment()) {
-        const std::string name = text.substr(0, text.find('='));
-        if (name != "TMPDIR" && name != "DISPLAY" && name != "WAYLAND_DISPLAY" &&
-            name != "SAL_USE_VCLPLUGIN" && (bUtf8 || name != "LC_ALL"))
-            result.push_back(text);
-    }
-    result.push_back("TMPDIR=" + profile_.temporaryFolder());
-    result.emplace_back("SAL_USE_VCLPLUGIN=svp");
-    // In another character set it finds no file whose name has letters beyond ASCII.
-    if (!bUtf8)
-        result.emplace_back("LC_ALL=C.UTF-8");
-    return result;
-}
-
 void OfficeProcess::start()
 {
     const std::lock_guard lock(mutex_);
     if (bKilled_)
         throw RunTimeError(kCannotCreateObject);
-    process_ = startChild(arguments(), environment(), ChildLife::withStarter);
+    process_ = startChild(arguments(), officeEnvironment(profile_), ChildLife::withStarter);
     exitCode_.reset();
 }
 

@@ -33,7 +33,6 @@ public:
 
 private:
     std::vector<std::string> arguments() const;
-    std::vector<std::string> environment() const;
 
     OfficeInstallation office_;
     const PrivateProfile& profile_;
