@@ -1,12 +1,17 @@
 #include "search/ShowSearchForm.h"
 
+#include "base/RunTimeError.h"
+#include "search/forms/SWDSearchMessage.h"
 #include "search/forms/SearchSwdLib.h"
 #include "search/forms/searchFormInstances.h"
+#include "search/searchState.h"
 
 namespace zorvo {
 
 void ShowSearchForm()
 {
+    if (searchState().bSearching)
+        throw RunTimeError(kInvalidCall, "The library is being searched");
     SearchSwdLib& form = searchSwdLib().get();
     try {
         form.showModal();
@@ -17,6 +22,8 @@ void ShowSearchForm()
             searchSwdLib().unload();
         throw;
     }
+    // A search that led to nothing to see has only hidden its forms.
+    swdSearchMessage().unload();
     searchSwdLib().unload();
 }
 

@@ -1,11 +1,19 @@
 #include "search/searchState.h"
 
+#include "search/SearchForms.h"
+
 namespace zorvo {
 
 SearchState& searchState()
 {
     static SearchState state;
     return state;
+}
+
+SearchForms*& searchForms()
+{
+    static SearchForms* forms = nullptr;
+    return forms;
 }
 
 std::function<void()>& searchEngine()

@@ -36,6 +36,9 @@ struct SearchState {
     std::int16_t nSWDFoundCount = 0;
     /// The example that comes next.
     std::int16_t nSWDFileIndex = 0;
+
+    /// A search runs: its forms are in use, hidden or not.
+    bool bSearching = false;
 };
 
 SearchState& searchState();

@@ -10,6 +10,7 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLocale>
 
 /// The linker leaves the pictures of a static library out unless they are asked for by this name, which
 /// stands in no namespace.
@@ -48,6 +49,16 @@ SWDSearchMessage::SWDSearchMessage()
     layout->addWidget(lblInstanceName_, 0, 1);
     layout->addWidget(sbPleaseWait_, 1, 1);
     layout->setColumnStretch(1, 1);
+}
+
+void SWDSearchMessage::setProgress(std::size_t nDone, std::size_t nFiles)
+{
+    if (nFiles == 0)
+        return;
+    const QLocale locale;
+    sbPleaseWait_->setText(tr("Example %1 of %2")
+                               .arg(locale.toString(static_cast<qulonglong>(nDone)),
+                                    locale.toString(static_cast<qulonglong>(nFiles))));
 }
 
 void SWDSearchMessage::onLoad()

@@ -2,6 +2,8 @@
 
 #include "window/Form.h"
 
+#include <cstddef>
+
 class QLabel;
 
 namespace zorvo {
@@ -14,6 +16,9 @@ class SWDSearchMessage : public Form {
 
 public:
     SWDSearchMessage();
+
+    /// How many files the search has done with; without any there is nothing to tell.
+    void setProgress(std::size_t nDone, std::size_t nFiles);
 
 protected:
     void onLoad() override;

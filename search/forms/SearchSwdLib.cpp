@@ -175,7 +175,15 @@ void SearchSwdLib::runSearch()
     if (QApplication::activeModalWidget())
         throw RunTimeError(kModalFormIsUp, "Can't show non-modal form when modal form is displayed");
     swdSearchMessage().get().showModeless();
-    searchEngine()();
+    searchState().bSearching = true;
+    try {
+        searchEngine()();
+    } catch (...) {
+        searchState().bSearching = false;
+        swdSearchMessage().unload();
+        throw;
+    }
+    searchState().bSearching = false;
 }
 
 } // namespace zorvo

@@ -7,6 +7,7 @@
 #include "creation/forms/QtCreationForms.h"
 #include "search/ShowSearchForm.h"
 #include "search/forms/BuildDisclosureProgressForm.h"
+#include "search/forms/QtSearchForms.h"
 #include "shell/Settings.h"
 #include "shell/ShellForms.h"
 #include "shell/forms/TemplateTree.h"
@@ -100,6 +101,7 @@ void installQtForms()
     shellState().forms = &forms;
     mainFormGate() = &gate;
     engagementHost() = {[] { SaveSettings(); }, [] { templateTree().get().SetTBState(false, true); }};
+    installQtSearchForms();
     supportHost() = {[] { return templateTree().get().caption(); },
                      [] {
                          templateTree().get();

@@ -65,7 +65,9 @@ protected:
         QTimer watch;
         QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
             SearchSwdLib* form = searchSwdLib().ifLoaded();
-            if (!form || !form->isActiveWindow())
+            // Its activate event serves timers too, ahead of its end.
+            const bool bComing = platform().machine == fakes.machine && fakes.machine->sleeps.empty();
+            if (!form || !form->isActiveWindow() || bComing)
                 return;
             watch.stop();
             act();
@@ -226,6 +228,37 @@ TEST_F(SearchSwdLibTest, ASearchMayUnloadTheFormItself)
     EXPECT_EQ(Form::loadedForms(), nLoaded);
 }
 
+TEST_F(SearchSwdLibTest, ASearchThatOnlyHidItsFormsLeavesNoneBehind)
+{
+    whileSearching = [] { swdSearchMessage().get().hide(); };
+    const int nLoaded = Form::loadedForms();
+    search("x");
+    EXPECT_EQ(Form::loadedForms(), nLoaded);
+}
+
+TEST_F(SearchSwdLibTest, AFailedSearchTakesTheWaitNoticeAway)
+{
+    whileSearching = [] { throw RunTimeError(429); };
+    const int nLoaded = Form::loadedForms();
+    EXPECT_EQ(numberOfFailure([&] { search("x"); }), 429);
+    EXPECT_EQ(Form::loadedForms(), nLoaded);
+    EXPECT_FALSE(searchState().bSearching);
+}
+
+TEST_F(SearchSwdLibTest, AnotherCallDuringTheSearchFailsAndLeavesItsFormAlone)
+{
+    whileSearching = [] {
+        EXPECT_EQ(numberOfFailure([] { ShowSearchForm(); }), kInvalidCall);
+        ASSERT_NE(searchSwdLib().ifLoaded(), nullptr);
+        EXPECT_EQ(searchSwdLib().ifLoaded()->keywordText(), "cash");
+    };
+    search("cash");
+    EXPECT_EQ(nSearches, 1);
+    whileSearching = {};
+    search("again");
+    EXPECT_EQ(nSearches, 2);
+}
+
 TEST_F(SearchSwdLibTest, AnotherModalFormIsAskedToBeClosed)
 {
     Form other("frmOther");
@@ -331,6 +364,16 @@ TEST_F(SearchSwdLibTest, TheWaitNoticeSaysWhatIsGoingOn)
         QStringLiteral("Now searching the database of example disclosures. This may take a few minutes."));
     EXPECT_NE(notice.findChild<QLabel*>(QStringLiteral("sbPleaseWait")), nullptr);
     EXPECT_FALSE(notice.findChild<QLabel*>(QStringLiteral("imgDocument"))->pixmap().isNull());
+}
+
+TEST_F(SearchSwdLibTest, TheWaitNoticeCountsTheExamples)
+{
+    SWDSearchMessage& notice = swdSearchMessage().get();
+    const auto* panel = notice.findChild<QLabel*>(QStringLiteral("sbPleaseWait"));
+    notice.setProgress(0, 0);
+    EXPECT_EQ(panel->text(), QStringLiteral("Please wait"));
+    notice.setProgress(12, 150);
+    EXPECT_EQ(panel->text(), QStringLiteral("Example 12 of 150"));
 }
 
 TEST_F(SearchSwdLibTest, TheWaitNoticeShowsAnotherCompanysProductIcon)
