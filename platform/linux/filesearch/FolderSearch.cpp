@@ -15,7 +15,6 @@ namespace {
 /// Packs of a few changed files are read into a new one when there are more of them.
 constexpr std::size_t kMostSmallPacks = 16;
 constexpr std::size_t kSmallPack = 64;
-/// Two threads read what a disk's cache holds; more wait for each other.
 constexpr std::size_t kMostReaders = 8;
 
 std::vector<std::vector<std::size_t>> sharesOf(const std::vector<std::size_t>& files, std::size_t nReaders)
@@ -115,8 +114,9 @@ void FolderSearch::readOthers()
         if (answered_[i] == 0)
             files.push_back(i);
     nDone_ = files_.size() - files.size();
+    // More than there are processors: some of them wait for the disk.
     const std::size_t nReaders =
-        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostReaders);
+        std::clamp<std::size_t>(std::thread::hardware_concurrency() * 2, 2, kMostReaders);
     const auto shares = sharesOf(files, nReaders);
     std::atomic<std::size_t> nNext = 0;
     std::vector<std::future<void>> readers;
