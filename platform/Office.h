@@ -88,8 +88,8 @@ public:
     virtual ~WordSelection() = default;
 
     /// The file's contents come in at the cursor, as paragraphs of their own; the cursor is then behind them.
-    /// Throws kWordFileNotFound for a missing file, 75 for one that is damaged or holds nothing; the document
-    /// is then as it was.
+    /// Throws kWordFileNotFound for a missing file, 75 for one that is damaged or holds nothing: of a damaged
+    /// one a part may have come in.
     virtual void insertFile(const std::string& sFileName) = 0;
     /// Unit 6: to the beginning of the document, on the screen too.
     virtual void homeKey(int nUnit) = 0;

@@ -98,7 +98,7 @@ public:
     // stored its window isn't kept up to date: that takes longer than the work itself.
 
     /// The file's contents come in at the cursor, which is then behind them. A file that holds nothing is
-    /// refused, the body as it was.
+    /// refused.
     virtual void insertFile(int nDocument, const std::string& path) = 0;
     virtual void goToStart(int nDocument) = 0;
     virtual int tableCount(int nDocument) = 0;

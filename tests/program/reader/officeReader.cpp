@@ -80,6 +80,20 @@ std::string cellsOf(const Reference<css::text::XTextTable>& table)
     return cells;
 }
 
+std::string textBeforeCursor(const Reference<css::frame::XModel>& model,
+                             const Reference<css::text::XText>& text)
+{
+    const Reference<css::text::XTextViewCursorSupplier> view(model->getCurrentController(), UNO_QUERY_THROW);
+    const Reference<css::text::XTextRange> cursor(view->getViewCursor(), UNO_QUERY_THROW);
+    try {
+        const auto before = text->createTextCursorByRange(cursor->getStart());
+        before->gotoStart(true);
+        return line(Reference<css::text::XTextRange>(before, UNO_QUERY_THROW)->getString());
+    } catch (const css::uno::RuntimeException&) {
+        return "(in a table)";
+    }
+}
+
 void tell(const Reference<css::text::XTextDocument>& document)
 {
     const Reference<css::frame::XModel> model(document, UNO_QUERY_THROW);
@@ -87,12 +101,7 @@ void tell(const Reference<css::text::XTextDocument>& document)
     std::cout << "document\naddress " << line(model->getURL()) << "\nmodified "
               << (Reference<css::util::XModifiable>(model, UNO_QUERY_THROW)->isModified() ? "yes" : "no")
               << "\nvisible " << (isVisible(model) ? "yes" : "no") << "\n";
-    const Reference<css::text::XTextViewCursorSupplier> view(model->getCurrentController(), UNO_QUERY_THROW);
-    const auto before = text->createTextCursorByRange(
-        Reference<css::text::XTextRange>(view->getViewCursor(), UNO_QUERY_THROW)->getStart());
-    before->gotoStart(true);
-    std::cout << "before " << line(Reference<css::text::XTextRange>(before, UNO_QUERY_THROW)->getString())
-              << "\n";
+    std::cout << "before " << textBeforeCursor(model, text) << "\n";
     const auto blocks =
         Reference<css::container::XEnumerationAccess>(text, UNO_QUERY_THROW)->createEnumeration();
     while (blocks->hasMoreElements()) {

@@ -3,9 +3,7 @@
 #include "platform/linux/office/OfficeConnection.h"
 #include "platform/linux/office/uno/unoText.h"
 
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
-#include <com/sun/star/document/XDocumentInsertable.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <com/sun/star/text/ControlCharacter.hpp>
 #include <com/sun/star/text/XTextRangeCompare.hpp>
@@ -13,7 +11,6 @@
 #include <algorithm>
 
 namespace css = com::sun::star;
-using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
@@ -34,24 +31,6 @@ void dispose(const Reference<css::uno::XInterface>& block)
     Reference<css::lang::XComponent>(block, UNO_QUERY_THROW)->dispose();
 }
 
-/// The paragraphs and tables that the range touches.
-std::vector<Reference<css::text::XTextContent>> blocksOf(const Reference<css::uno::XInterface>& range)
-{
-    std::vector<Reference<css::text::XTextContent>> blocks;
-    const auto elements =
-        Reference<css::container::XEnumerationAccess>(range, UNO_QUERY_THROW)->createEnumeration();
-    while (elements->hasMoreElements())
-        blocks.emplace_back(elements->nextElement(), UNO_QUERY_THROW);
-    return blocks;
-}
-
-bool isInTable(const Reference<css::uno::XInterface>& place)
-{
-    return Reference<css::beans::XPropertySet>(place, UNO_QUERY_THROW)
-        ->getPropertyValue("TextTable")
-        .hasValue();
-}
-
 /// The row in a cell's name: 12 in "B12", and in "B12.1.1", a cell of a split one.
 sal_Int32 rowOf(const rtl::OUString& cell)
 {
@@ -69,11 +48,6 @@ TextBody::TextBody(const Reference<css::frame::XModel>& document)
     : model_(document)
     , text_(Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText())
 {
-}
-
-TextBody::TextCursor TextBody::cursorAt(const Range& place) const
-{
-    return {text_->createTextCursorByRange(place), UNO_QUERY_THROW};
 }
 
 void TextBody::holdWindow()
@@ -98,21 +72,22 @@ void TextBody::goToStart()
 
 // --- Insertion
 
+// Every question to the office takes its time, so that as few as can be stand between two files.
+
 void TextBody::insertFile(const std::string& path)
 {
     holdWindow();
     bringCursor();
-    const TextCursor place = openParagraph();
     blocks_.clear();
     bListed_ = false;
-    try {
-        Reference<css::document::XDocumentInsertable>(place, UNO_QUERY_THROW)
-            ->insertDocumentFromURL(fileAddress(path), {});
-    } catch (const css::uno::Exception&) {
-        closeParagraph({});
-        throw;
-    }
-    closeParagraph(place);
+    place_->insertDocumentFromURL(fileAddress(path), {});
+    // The cursor holds now what has come in.
+    if (cursor_->isCollapsed())
+        throw OfficeFailure(OfficeFailure::Kind::refused, "The file holds nothing that can be inserted.");
+    cursor_->collapseToEnd();
+    // The last paragraph of some files has no end; the next file begins one of its own all the same.
+    if (!cursor_->isStartOfParagraph())
+        text_->insertControlCharacter(rangeOf(cursor_), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
 }
 
 void TextBody::bringCursor()
@@ -123,51 +98,14 @@ void TextBody::bringCursor()
         // Tables that the text begins with stay in front.
         cursor_.set(text_->createTextCursor(), UNO_QUERY_THROW);
         cursor_->gotoStart(false);
-        return;
+    } else {
+        listBlocks();
+        if (nBlock_ >= blocks_.size() || blocks_[nBlock_].table.is())
+            throw OfficeFailure(OfficeFailure::Kind::refused, "Nothing can be inserted into a table.");
+        cursor_.set(text_->createTextCursorByRange(rangeOf(blocks_[nBlock_].content)->getStart()),
+                    UNO_QUERY_THROW);
     }
-    listBlocks();
-    if (nBlock_ >= blocks_.size() || blocks_[nBlock_].table.is())
-        throw OfficeFailure(OfficeFailure::Kind::refused, "Nothing can be inserted into a table.");
-    cursor_ = cursorAt(rangeOf(blocks_[nBlock_].content)->getStart());
-}
-
-/// A plain paragraph of its own in front of the cursor. What is inserted there can't run into the text around
-/// it, and the cursor stays behind it whatever the file holds.
-TextBody::TextCursor TextBody::openParagraph()
-{
-    text_->insertControlCharacter(rangeOf(cursor_), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
-    const TextCursor place = cursorAt(rangeOf(cursor_)->getStart());
-    place->goLeft(1, false);
-    const Reference<css::beans::XPropertySet> look(place, UNO_QUERY_THROW);
-    look->setPropertyValue("ParaStyleName", Any(rtl::OUString("Standard")));
-    return place;
-}
-
-/// `inserted` begins where the file's contents do. Null when there are none.
-void TextBody::closeParagraph(const TextCursor& inserted)
-{
-    const TextCursor end = cursorAt(rangeOf(cursor_)->getStart());
-    end->goLeft(1, false);
-    bool bEmpty = true;
-    if (inserted.is()) {
-        const TextCursor all = cursorAt(rangeOf(inserted)->getStart());
-        all->gotoRange(rangeOf(end), true);
-        bEmpty = rangeOf(all)->getString().isEmpty();
-    }
-    if (bEmpty) {
-        dispose(blocksOf(end).front());
-        if (inserted.is())
-            throw OfficeFailure(OfficeFailure::Kind::refused, "The file holds nothing to insert.");
-        return;
-    }
-    // A file whose last paragraph has an end leaves ours empty. Behind a table it stays: two tables that
-    // touch look like one.
-    if (!end->isStartOfParagraph() || !end->isEndOfParagraph())
-        return;
-    const TextCursor before = cursorAt(rangeOf(end)->getStart());
-    before->goLeft(1, false);
-    if (!isInTable(before))
-        dispose(blocksOf(end).front());
+    place_.set(cursor_, UNO_QUERY_THROW);
 }
 
 // --- Tables
@@ -177,9 +115,12 @@ void TextBody::listBlocks()
     if (bListed_)
         return;
     blocks_.clear();
-    for (const Reference<css::text::XTextContent>& content : blocksOf(text_)) {
-        Block block{.content = content, .table = {}, .nTable = 0};
-        block.table.set(content, UNO_QUERY);
+    const auto elements =
+        Reference<css::container::XEnumerationAccess>(text_, UNO_QUERY_THROW)->createEnumeration();
+    while (elements->hasMoreElements()) {
+        Block block;
+        block.content.set(elements->nextElement(), UNO_QUERY_THROW);
+        block.table.set(block.content, UNO_QUERY);
         if (block.table.is())
             block.nTable = ++nLastTable_;
         blocks_.push_back(block);

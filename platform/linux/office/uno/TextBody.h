@@ -1,5 +1,6 @@
 #pragma once
 
+#include <com/sun/star/document/XDocumentInsertable.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/text/XParagraphCursor.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
@@ -16,7 +17,7 @@ class TextBody {
 public:
     explicit TextBody(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document);
 
-    /// Throws OfficeFailure (refused) for a file without text; the body is then as it was.
+    /// Throws OfficeFailure (refused) for a file without contents, or with some that the office broke off at.
     void insertFile(const std::string& path);
     void goToStart();
 
@@ -44,11 +45,8 @@ private:
         int nTable = 0;
     };
 
-    TextCursor cursorAt(const Reference<com::sun::star::text::XTextRange>& place) const;
     void holdWindow();
     void bringCursor();
-    TextCursor openParagraph();
-    void closeParagraph(const TextCursor& inserted);
     void listBlocks();
     void bringBlock();
     std::size_t placeOf(int nTable);
@@ -57,6 +55,7 @@ private:
     Reference<com::sun::star::text::XText> text_;
     /// Where the cursor is: at the beginning of a paragraph, or, when this is null, before a block.
     TextCursor cursor_;
+    Reference<com::sun::star::document::XDocumentInsertable> place_;
     std::size_t nBlock_ = 0;
     std::vector<Block> blocks_;
     bool bListed_ = false;
