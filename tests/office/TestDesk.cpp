@@ -203,6 +203,14 @@ std::string flatText(const std::vector<std::string>& lines)
     return text + "</office:text></office:body></office:document>";
 }
 
+void writeWordTemplate(const fs::path& file, const std::vector<std::string>& lines)
+{
+    const fs::path folder = TestDesk::instance().newFolder();
+    write(folder / "text.fodt", flatText(lines));
+    convert(TestDesk::instance().root(), folder / "text.fodt", "dot:MS Word 97 Vorlage", folder);
+    fs::rename(folder / "text.dot", file);
+}
+
 std::string richTextOf(const std::vector<std::string>& lines)
 {
     std::string text = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\n";

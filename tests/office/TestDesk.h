@@ -41,6 +41,8 @@ bool waitUntil(const std::function<bool()>& condition, int milliseconds);
 std::string bytesOf(const std::filesystem::path& file);
 /// A flat document and a rich text with these lines: a paragraph each, and "|a|b|" for a table of one row.
 std::string flatText(const std::vector<std::string>& lines);
+/// The same as a Word 97 template at `file`, made by the office.
+void writeWordTemplate(const std::filesystem::path& file, const std::vector<std::string>& lines);
 std::string richTextOf(const std::vector<std::string>& lines);
 /// The text of a document of any format, as the office itself reads it.
 std::string textOf(const std::filesystem::path& file);
