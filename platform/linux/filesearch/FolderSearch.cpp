@@ -116,7 +116,7 @@ void FolderSearch::readOthers()
     nDone_ = files_.size() - files.size();
     // More than there are processors: some of them wait for the disk.
     const std::size_t nReaders =
-        std::clamp<std::size_t>(std::thread::hardware_concurrency() * 2, 2, kMostReaders);
+        std::clamp<std::size_t>(std::size_t(2) * std::thread::hardware_concurrency(), 2, kMostReaders);
     const auto shares = sharesOf(files, nReaders);
     std::atomic<std::size_t> nNext = 0;
     std::vector<std::future<void>> readers;
