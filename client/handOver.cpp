@@ -11,9 +11,10 @@ namespace {
 constexpr const char* kFolder = "\\Halvern House\\Brendle\\";
 constexpr const char* kName = "DFS_DFK.txt";
 
-std::string firstLine(const std::string& sText)
+/// An engagement may have line ends within its text; the last one alone ends the line.
+std::string withoutLineEnd(const std::string& sText)
 {
-    return sText.substr(0, sText.find_first_of("\r\n"));
+    return sText.substr(0, sText.find_last_not_of("\r\n") + 1);
 }
 
 /// The quotes are the line's own; the text has none.
@@ -45,7 +46,7 @@ std::optional<std::string> HandOverFile::newText() const
     // A session that couldn't delete the file of an earlier one hasn't written it.
     if (!now || now == before_)
         return {};
-    return unquoted(firstLine(platform().files->read(sPath_)));
+    return unquoted(withoutLineEnd(platform().files->read(sPath_)));
 }
 
 } // namespace zorvo

@@ -2,16 +2,19 @@
 
 #include "base/RunTimeError.h"
 #include "base/sessionState.h"
+#include "branding/companyIdentity.h"
 #include "catalogue/EngagementHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "catalogue/forms/frmEngagementList.h"
 #include "tests/catalogue/CatalogueTest.h"
 #include "tests/fakes/RecordingHelpViewer.h"
 #include "tests/fakes/RecordingMessages.h"
+#include "window/MnemonicLabel.h"
 
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -95,6 +98,64 @@ TEST_F(EngagementListTest, AYearsOwnDocumentWithoutAnEntryForItListsNothing)
     write(kGeneral, engagement("General", "AUD", "2006"));
     write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("Own", "AUD", "2005"));
     EXPECT_THAT(load(), IsEmpty());
+}
+
+TEST_F(EngagementListTest, AMalformedDocumentOfAYearsOwnListsNothing)
+{
+    install("AUD", "2006");
+    write(kGeneral, engagement("General", "AUD", "2006"));
+    fakes.files->addFile("C:\\T\\AUD2006\\Zorvo_Engagement.xml",
+                         "<root>" + engagement("Own", "AUD", "2006") + "</roo>");
+    EXPECT_THAT(load(), IsEmpty());
+}
+
+TEST_F(EngagementListTest, AMalformedGeneralDocumentLeavesTheYearsOwn)
+{
+    install("AUD", "2006");
+    install("REV", "2006");
+    fakes.files->addFile(kGeneral, "<root>" + engagement("General", "REV", "2006"));
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("Own", "AUD", "2006"));
+    EXPECT_THAT(load(), ElementsAre("Own"));
+}
+
+TEST_F(EngagementListTest, AnEmptyPackageIsAPartOfTheKeyToo)
+{
+    install("AUD", "2006");
+    const std::string sEmpty = engagement("Empty", "AUD", "2006", " package=\"\"");
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("None", "AUD", "2006") + sEmpty);
+    load();
+    EXPECT_THAT(list.keys(), ElementsAre("AUD;2006", "AUD;2006;"));
+    EXPECT_EQ(list.selectionDocument(1), selection("C:\\T\\AUD2006\\", sEmpty));
+}
+
+TEST_F(EngagementListTest, WithoutAPackageTheFirstOfTheYearIsTakenAlsoWhenItHasOne)
+{
+    install("AUD", "2006");
+    const std::string sFirst = engagement("One", "AUD", "2006", " package=\"P\"");
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", sFirst + engagement("Two", "AUD", "2006"));
+    load();
+    EXPECT_EQ(list.selectionDocument(1), selection("C:\\T\\AUD2006\\", sFirst));
+}
+
+TEST_F(EngagementListTest, OnlyTheFirstThreePartsOfAKeyCount)
+{
+    install("AUD", "2006");
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("Semi", "AUD", "2006", " package=\"P;Q\""));
+    load();
+    EXPECT_THAT(list.keys(), ElementsAre("AUD;2006;P;Q"));
+    EXPECT_EQ(numberOfFailure([this] { list.selectionDocument(0); }), kObjectNotSet)
+        << "no package is named P";
+}
+
+TEST_F(EngagementListTest, AFileThatHasGoneSinceLeadsToTheGeneralDocument)
+{
+    install("AUD", "2006");
+    const std::string sGeneral = engagement("General", "AUD", "2006");
+    write(kGeneral, sGeneral);
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("Own", "AUD", "2006"));
+    load();
+    fakes.files->remove("C:\\T\\AUD2006\\Zorvo_Engagement.xml");
+    EXPECT_EQ(list.selectionDocument(0), selection("C:\\T\\AUD2006\\", sGeneral));
 }
 
 TEST_F(EngagementListTest, OnlyTheLatestYearsUnlessPriorOnesAreAskedFor)
@@ -232,6 +293,40 @@ TEST_F(EngagementForm, OpensWithTheFirstRowSelectedSoThatOkWorksAtOnce)
     button("cmdOK").click();
     EXPECT_FALSE(form.isFormLoaded());
     EXPECT_EQ(result(), selection("C:\\T\\AUD2006\\", engagement("New", "AUD", "2006")));
+}
+
+TEST_F(EngagementForm, ItsControlsSayWhatTheyAreFor)
+{
+    form.load();
+    EXPECT_EQ(form.findChild<MnemonicLabel*>(QStringLiteral("Label1"))->caption(),
+              QStringLiteral("Please select the Zorvo's Tessora Engagement you wish to add:"));
+    EXPECT_EQ(button("cmdOK").text(), QStringLiteral("OK"));
+    EXPECT_EQ(button("cmdCancel").text(), QStringLiteral("Cancel"));
+    EXPECT_EQ(button("cmdHelp").text(), QStringLiteral("&Help"));
+}
+
+TEST_F(EngagementForm, AnotherCompanyGetsItsIconAndWording)
+{
+    StoreCompanyID("ABC");
+    form.load();
+    EXPECT_EQ(form.caption(), QStringLiteral("ABC Engagements"));
+}
+
+TEST_F(EngagementForm, ComesUpOnTopOfAllWindows)
+{
+    form.showModeless();
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return form.windowFlags().testFlag(Qt::WindowStaysOnTopHint); }, 2000));
+}
+
+TEST_F(EngagementForm, AFailureOfTheChoiceReachesTheCallerOfTheShow)
+{
+    form.load();
+    fakes.files->remove(kGeneral);
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", "");
+    QTimer::singleShot(0, &form, [this] { button("cmdOK").click(); });
+    EXPECT_EQ(numberOfFailure([this] { form.showModal(); }), kObjectNotSet);
+    EXPECT_EQ(result(), "");
 }
 
 TEST_F(EngagementForm, ADoubleClickChooses)

@@ -25,6 +25,13 @@ TEST_F(HandOver, IsTheLineWithoutItsQuotes)
     EXPECT_EQ(file.newText(), "<a b='c'/> |x|");
 }
 
+TEST_F(HandOver, IsWholeWithLineEndsWithin)
+{
+    const HandOverFile file;
+    write("\"<a>\r\n  <b/>\n</a>\"\r\n", 5);
+    EXPECT_EQ(file.newText(), "<a>\r\n  <b/>\n</a>");
+}
+
 TEST_F(HandOver, KeepsQuotesThatAreNotThePair)
 {
     const HandOverFile file;
