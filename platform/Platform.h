@@ -15,6 +15,7 @@ class Machine;
 class ObjectCreator;
 class ObjectService;
 class Office;
+class PageEngine;
 class Registry;
 class SettingsStore;
 class SpecialFolders;
@@ -32,6 +33,8 @@ struct Platform {
     std::shared_ptr<Machine> machine;
     std::shared_ptr<HelpViewer> help;
     std::shared_ptr<FileSearch> fileSearch;
+    /// Null where a page can't be shown inside a window; a plain view of rich text takes its place.
+    std::shared_ptr<PageEngine> pages;
 };
 
 /// The installed ports.

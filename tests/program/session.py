@@ -50,6 +50,8 @@ class Session:
             NO_AT_BRIDGE="0", XDG_RUNTIME_DIR=self.folder + "/run", XDG_DATA_DIRS=BUILD + "/share:/usr/share",
             PATH=BUILD + "/bin:" + os.environ["PATH"])
         self.env.pop("WAYLAND_DISPLAY", None)
+        if os.geteuid() == 0:  # the browser engine's sandbox doesn't work for root
+            self.env["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
         os.makedirs(self.folder + "/run", mode=0o700)
         self._start_display()
         self._start_bus()
