@@ -21,6 +21,9 @@ namespace {
 /// A desktop that keeps the focus to itself must not keep a form's work from beginning.
 constexpr int kActivationWaitMs = 300;
 
+/// As long as Qt waits for the other half of a focus change, and a little more.
+constexpr int kFocusMoveMs = 250;
+
 int nLoadedForms = 0;
 
 std::function<void()>& unloadListener()
@@ -269,8 +272,20 @@ void Form::changeEvent(QEvent* event)
         return;
     if (isActiveWindow())
         becomeActive();
-    else
+    else if (!bPageHasFocus_)
         becomeInactive();
+}
+
+void Form::setPageHasFocus(bool bHasFocus)
+{
+    bPageHasFocus_ = bHasFocus;
+    if (bHasFocus)
+        return;
+    // Where the keyboard has gone shows only when the desktop has told both windows.
+    QTimer::singleShot(kFocusMoveMs, this, [this] {
+        if (!bPageHasFocus_ && !isActiveWindow())
+            becomeInactive();
+    });
 }
 
 void Form::showEvent(QShowEvent* event)

@@ -54,6 +54,10 @@ public:
     void setDefaultButton(QPushButton* button);
     void setCancelButton(QPushButton* button);
 
+    /// A page inside the form has taken the keyboard or given it back. The page is another process's window,
+    /// for which the form's own loses the focus, and yet the form stays in front.
+    void setPageHasFocus(bool bHasFocus);
+
     /// For guardedSlot: ends a modal show with that failure. False when the form isn't shown modally.
     bool endModalShow(std::exception_ptr failure);
 
@@ -97,6 +101,7 @@ private:
     bool bLoaded_ = false;
     bool bUnloading_ = false;
     bool bActive_ = false;
+    bool bPageHasFocus_ = false;
 };
 
 } // namespace zorvo
