@@ -3,9 +3,12 @@
 #include "pages/FolderScheme.h"
 #include "pages/RequestGuard.h"
 
+#include <QDateTime>
+#include <QPointer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineSettings>
 
 namespace zorvo {
@@ -13,16 +16,14 @@ namespace zorvo {
 namespace {
 
 /// A user who has no connection hears of it within ten seconds.
-constexpr int kLongestSilenceMs = 9000;
+constexpr int kLongestSilenceMs = 8500;
+constexpr int kLastWordMs = 700;
+/// A page that goes over to another one ends its own loading first.
+constexpr int kGoingOverMs = 1500;
 /// As many redirections as browsers follow, of whatever kind.
 constexpr int kMostSelfMade = 20;
 /// A page that has stood for so long and then leads elsewhere is no redirection.
 constexpr int kStandsMs = 5000;
-
-constexpr const char* kNotice =
-    "<!DOCTYPE html><html><head><style>body{font:11pt sans-serif;margin:24px 28px;"
-    "color:#5b6b7f;background:#fff}</style></head><body><p>This page can't be "
-    "shown.</p></body></html>";
 
 /// Takes the place of a window that a page wants to open: its address opens in the page itself.
 class NewWindow : public QWebEnginePage {
@@ -54,15 +55,11 @@ GuardedPage::GuardedPage(QWebEngineProfile* profile, FolderScheme& folders, QObj
 {
     limitWhatPagesMay();
     silence_.setSingleShot(true);
-    silence_.setInterval(kLongestSilenceMs);
     connect(&silence_, &QTimer::timeout, this, &GuardedPage::takeSilence);
     connect(this, &QWebEnginePage::loadingChanged, this, &GuardedPage::follow);
-    // The engine tells of no first byte, but it goes ahead with one, or shows where it has arrived.
-    connect(this, &QWebEnginePage::loadProgress, this, [this](int nPercent) {
-        if (nPercent > 0)
-            takeAnswer();
-    });
-    connect(this, &QWebEnginePage::urlChanged, this, &GuardedPage::takeAnswer);
+    lastWord_.setSingleShot(true);
+    lastWord_.setInterval(kLastWordMs);
+    connect(&lastWord_, &QTimer::timeout, this, [this] { fail(underWay_); });
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
@@ -94,7 +91,9 @@ void GuardedPage::open(const QUrl& address)
         return;
     }
     state_ = State::asked;
-    silence_.start();
+    nAsked_ = QDateTime::currentMSecsSinceEpoch();
+    silence_.start(kLongestSilenceMs);
+    lastWord_.stop();
     underWay_ = page;
     load(page);
 }
@@ -112,10 +111,15 @@ bool GuardedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, 
     if (standing_.isValid() && standing_.hasExpired(kStandsMs))
         nSelfMade_ = 0;
     standing_.invalidate();
-    if (++nSelfMade_ <= kMostSelfMade)
-        return true;
-    fail(url);
-    return false;
+    if (++nSelfMade_ > kMostSelfMade) {
+        fail(url);
+        return false;
+    }
+    if (state_ == State::waiting || state_ == State::leaving) {
+        state_ = State::leaving;
+        underWay_ = url;
+    }
+    return true;
 }
 
 QWebEnginePage* GuardedPage::createWindow(WebWindowType /*type*/)
@@ -150,72 +154,84 @@ void GuardedPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level
 
 void GuardedPage::follow(const QWebEngineLoadingInfo& info)
 {
-    const bool bStarted = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
-    if (state_ == State::notice || (state_ == State::asked && !bStarted))
-        return;
-    switch (info.status()) {
-    case QWebEngineLoadingInfo::LoadStartedStatus:
+    if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus) {
+        if (state_ != State::asked)
+            nAsked_ = QDateTime::currentMSecsSinceEpoch();
         state_ = State::waiting;
         underWay_ = info.url();
-        silence_.start();
-        break;
-    case QWebEngineLoadingInfo::LoadSucceededStatus:
-        standing_.start();
-        finish(info.url());
-        break;
-    case QWebEngineLoadingInfo::LoadFailedStatus:
-        fail(info.url());
-        // What the site itself says of a page that it doesn't have stays to be read.
-        if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
-            state_ = State::quiet;
-        break;
-    case QWebEngineLoadingInfo::LoadStoppedStatus:
-        state_ = State::quiet;
-        silence_.stop();
-        Q_EMIT pageStopped();
-        break;
+        silence_.start(kLongestSilenceMs);
+        Q_EMIT pageStarted();
+        return;
     }
+    // What the engine still tells of a page before the one asked for, or of one that was given up.
+    if (state_ == State::asked || state_ == State::quiet)
+        return;
+    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+        finish(info.url());
+    else if (info.status() == QWebEngineLoadingInfo::LoadStoppedStatus)
+        takeStop();
+    else // what the site itself says of a page that it doesn't have stays to be read
+        fail(info.url(), info.errorDomain() != QWebEngineLoadingInfo::HttpStatusCodeDomain);
 }
 
-void GuardedPage::takeAnswer()
+void GuardedPage::takeStop()
 {
-    if (state_ != State::waiting)
-        return;
-    state_ = State::answered;
-    silence_.start();
+    if (state_ == State::leaving)
+        silence_.start(kGoingOverMs);
+    else
+        stop();
+}
+
+void GuardedPage::stop()
+{
+    state_ = State::quiet;
+    silence_.stop();
+    Q_EMIT pageStopped();
 }
 
 void GuardedPage::takeSilence()
 {
-    // A page that is there may go without the pictures that still keep it waiting.
-    if (state_ == State::answered)
-        finish(url());
-    else
-        fail(underWay_);
+    if (state_ == State::leaving && silence_.interval() == kGoingOverMs) {
+        stop();
+        return;
+    }
+    // A page that is there may go without the pictures that still keep it waiting. It is there when its own
+    // clock started after it was asked for.
+    lastWord_.start();
+    runJavaScript(QStringLiteral("performance.timeOrigin"), QWebEngineScript::ApplicationWorld,
+                  [page = QPointer<GuardedPage>(this)](const QVariant& begun) {
+                      constexpr double kClocksDifferMs = 50;
+                      if (!page || !page->lastWord_.isActive())
+                          return;
+                      if (begun.toDouble() > static_cast<double>(page->nAsked_) - kClocksDifferMs)
+                          page->finish(page->url());
+                      else
+                          page->fail(page->underWay_);
+                  });
 }
 
 void GuardedPage::finish(const QUrl& address)
 {
-    if (state_ != State::waiting && state_ != State::answered)
-        return;
     state_ = State::quiet;
     silence_.stop();
+    lastWord_.stop();
+    standing_.start();
     Q_EMIT pageFinished(folders_.fileAddress(address));
 }
 
-void GuardedPage::fail(const QUrl& address)
+void GuardedPage::fail(const QUrl& address, bool bNothingToShow)
 {
-    state_ = State::notice;
+    state_ = State::quiet;
     silence_.stop();
+    lastWord_.stop();
     Q_EMIT pageFailed(folders_.fileAddress(address));
+    if (bNothingToShow)
+        Q_EMIT nothingToShow();
     // Not from within the engine's own call.
-    QMetaObject::invokeMethod(this, &GuardedPage::showNotice, Qt::QueuedConnection);
-}
-
-void GuardedPage::showNotice()
-{
-    if (state_ == State::notice)
-        setHtml(QString::fromLatin1(kNotice));
+    QTimer::singleShot(0, this, [this] {
+        if (state_ == State::quiet)
+            triggerAction(Stop);
+    });
 }
 
 } // namespace zorvo

@@ -22,8 +22,11 @@ public:
     void userActed() { nSelfMade_ = 0; }
 
 Q_SIGNALS:
+    void pageStarted();
     void pageFinished(const QUrl& address);
     void pageFailed(const QUrl& address);
+    /// After a failure: there isn't even a page of the site's that says so.
+    void nothingToShow();
     void pageStopped();
 
 protected:
@@ -40,26 +43,28 @@ protected:
 
 private:
     enum class State {
-        quiet,    // nothing is loading that anyone waits for
-        asked,    // a page was asked for; what the engine still tells is of the one before
-        waiting,  // for the first answer
-        answered, // the page comes
-        notice,   // a page of ours stands for one that failed
+        quiet,   // nothing is loading that anyone waits for
+        asked,   // a page was asked for; what the engine still tells is of the one before
+        waiting, // for the page
+        leaving, // the page has gone over to another one while it was loading
     };
 
     void limitWhatPagesMay();
     void follow(const QWebEngineLoadingInfo& info);
-    void takeAnswer();
+    void takeStop();
     void takeSilence();
     void finish(const QUrl& address);
-    void fail(const QUrl& address);
-    void showNotice();
+    void fail(const QUrl& address, bool bNothingToShow = true);
+    void stop();
 
     FolderScheme& folders_;
     State state_ = State::quiet;
-    /// Where the loading under way began.
+    /// Where the loading under way leads, and when it was asked for, in ms since the epoch.
     QUrl underWay_;
+    qint64 nAsked_ = 0;
     QTimer silence_;
+    /// Runs out when the page itself gives no answer either.
+    QTimer lastWord_;
     /// Pages in a row that no one asked for, and since when the last one stands.
     int nSelfMade_ = 0;
     QElapsedTimer standing_;

@@ -2,10 +2,14 @@
 
 #include "pages/GuardedPage.h"
 #include "pages/RequestGuard.h"
+#include "pages/accessiblePage.h"
 #include "pages/keyboardSelection.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QTimer>
 #include <QWindow>
 
 #include <ostream>
@@ -15,6 +19,7 @@ namespace zorvo {
 namespace {
 
 constexpr QSize kFirstSize{640, 480};
+constexpr int kNoticeMargin = 28;
 std::ostream* gOutput = nullptr;
 
 void write(const std::string& sLine)
@@ -30,17 +35,30 @@ class PageHost::View : public QWebEngineView {
 public:
     using QWebEngineView::QWebEngineView;
 
+    void tabPressed() { sinceTab_.start(); }
+
 protected:
+    /// Comes some time after the key, when the page has no further link; but also when the engine exchanges
+    /// the part of the view that had the focus.
     bool focusNextPrevChild(bool bNext) override
     {
-        write(pageProtocol::line(pageProtocol::kLeave, bNext ? "next" : "previous"));
+        constexpr int kAnswerMs = 2000;
+        if (sinceTab_.isValid() && !sinceTab_.hasExpired(kAnswerMs))
+            write(pageProtocol::line(pageProtocol::kLeave, bNext ? "next" : "previous"));
+        else
+            QTimer::singleShot(0, this, [this] { setFocus(); });
+        sinceTab_.invalidate();
         return true;
     }
+
+private:
+    QElapsedTimer sinceTab_;
 };
 
 PageHost::PageHost()
     : page_(new GuardedPage(&profile_, folders_))
     , view_(new View(this))
+    , notice_(new QLabel(tr("This page can't be shown."), this))
 {
     profile_.installUrlSchemeHandler(FolderScheme::kName, &folders_);
     profile_.setUrlRequestInterceptor(new RequestGuard(&profile_));
@@ -50,11 +68,19 @@ PageHost::PageHost()
     view_->setContextMenuPolicy(Qt::NoContextMenu);
     view_->setAcceptDrops(false);
     setFocusProxy(view_);
+    makeAccessible(*this);
     resize(kFirstSize);
+    notice_->setMargin(kNoticeMargin);
+    notice_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    notice_->setAutoFillBackground(true);
+    notice_->setBackgroundRole(QPalette::Base);
+    notice_->hide();
     connect(page_, &GuardedPage::pageFinished, this,
             [this](const QUrl& address) { tell(pageProtocol::kFinished, address); });
     connect(page_, &GuardedPage::pageFailed, this,
             [this](const QUrl& address) { tell(pageProtocol::kFailed, address); });
+    connect(page_, &GuardedPage::pageStarted, notice_, &QWidget::hide);
+    connect(page_, &GuardedPage::nothingToShow, notice_, &QWidget::show);
     connect(page_, &GuardedPage::pageStopped, this, [this] { tell(pageProtocol::kStopped); });
     // The program starts this process anew; half of it is of no use.
     connect(page_, &QWebEnginePage::renderProcessTerminated, this, [] { QApplication::exit(1); });
@@ -71,15 +97,20 @@ void PageHost::setOutput(std::ostream& output)
 
 void PageHost::showIn(quintptr parent)
 {
-    setWindowFlags(Qt::FramelessWindowHint);
+    if (shownIn_ == parent)
+        return;
+    // Once: flags that are set anew make a window of their own again.
+    if (!shownIn_)
+        setWindowFlags(Qt::FramelessWindowHint);
+    shownIn_ = parent;
     winId();
     // Without one it is a window of its own, for who looks at this process alone.
     if (parent != 0) {
         windowHandle()->setParent(QWindow::fromWinId(static_cast<WId>(parent)));
-        move(0, 0);
+        setGeometry(QRect(QPoint(), size()));
     }
     show();
-    selectKeys(*this, parent == 0);
+    selectKeys(*this, parent == 0 || bHasFocus_);
 }
 
 void PageHost::greet()
@@ -124,11 +155,22 @@ void PageHost::setSize(const QString& sSize)
 
 void PageHost::takeFocus(const std::string& sWhere)
 {
+    if (sWhere != "same")
+        enter_ = sWhere == "first" ? Qt::TabFocusReason : Qt::BacktabFocusReason;
     selectKeys(*this, true);
     windowHandle()->requestActivate();
-    view_->setFocus(sWhere == "first"  ? Qt::TabFocusReason
-                    : sWhere == "last" ? Qt::BacktabFocusReason
-                                       : Qt::OtherFocusReason);
+    if (bHasFocus_)
+        enter();
+}
+
+/// The engine goes to its first or last link when it gets the focus for that reason, and for no other.
+void PageHost::enter()
+{
+    if (!enter_)
+        return;
+    view_->clearFocus();
+    view_->setFocus(*enter_);
+    enter_.reset();
 }
 
 void PageHost::followFocus()
@@ -139,15 +181,19 @@ void PageHost::followFocus()
     bHasFocus_ = bHasFocus;
     selectKeys(*this, bHasFocus);
     write(pageProtocol::line(bHasFocus ? pageProtocol::kFocusIn : pageProtocol::kFocusOut));
+    if (bHasFocus)
+        QTimer::singleShot(0, this, &PageHost::enter);
 }
 
 bool PageHost::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress)
         page_->userActed();
+    const int nKey = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (nKey == Qt::Key_Tab || nKey == Qt::Key_Backtab)
+        view_->tabPressed();
     // The way out of a page for who has no mouse.
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape &&
-        watched->isWidgetType()) {
+    if (nKey == Qt::Key_Escape && watched->isWidgetType()) {
         write(pageProtocol::line(pageProtocol::kLeave, "previous"));
         return true;
     }
@@ -158,6 +204,7 @@ void PageHost::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     view_->setGeometry(rect());
+    notice_->setGeometry(rect());
 }
 
 } // namespace zorvo

@@ -8,6 +8,9 @@
 #include <QWidget>
 
 #include <iosfwd>
+#include <optional>
+
+class QLabel;
 
 namespace zorvo {
 
@@ -42,13 +45,19 @@ private:
     void followFocus();
     void setSize(const QString& sSize);
     void takeFocus(const std::string& sWhere);
+    void enter();
 
     FolderScheme folders_;
     QWebEngineProfile profile_;
     GuardedPage* page_;
     View* view_;
+    /// In the page's place when there is none.
+    QLabel* notice_;
+    std::optional<quintptr> shownIn_;
     /// Of the last request.
     std::string sNumber_;
+    /// How the keyboard comes into the page when it gets here.
+    std::optional<Qt::FocusReason> enter_;
     bool bHasFocus_ = false;
 };
 

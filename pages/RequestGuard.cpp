@@ -4,6 +4,8 @@
 
 #include <QWebEngineUrlRequestInfo>
 
+#include <algorithm>
+
 namespace zorvo {
 
 namespace {

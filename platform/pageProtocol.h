@@ -11,7 +11,7 @@ namespace zorvo::pageProtocol {
 /// Goes up when a word changes its meaning. The page process begins with "hello" and its version; the program
 /// doesn't talk to another one.
 inline constexpr const char* kVersion = "1";
-inline constexpr std::size_t kLongestLine = 64 * 1024;
+inline constexpr std::size_t kLongestLine = 65536;
 
 /// The page process's one argument, which asks it to tell assistive programs what pages hold.
 inline constexpr const char* kAccessible = "--accessible";

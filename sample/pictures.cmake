@@ -29,7 +29,7 @@ foreach(company OTR MRL)
 endforeach()
 
 # Pictures of the offline pages.
-foreach(page Tessora Quillbook Sablewood Fennimore Partner Merle)
+foreach(page Tessora Industries Quillbook Practice Sablewood Fennimore Partner Merle)
   string(TOLOWER ${page} name)
   list(APPEND pictures "TreeData/HTML/${name}.png|Images/src/${page}.svg")
 endforeach()

@@ -6,6 +6,7 @@
 #include "platform/linux/DBusObjectService.h"
 #include "platform/linux/LibreOffice.h"
 #include "platform/linux/LinuxHelpViewer.h"
+#include "platform/linux/PageProcess.h"
 #include "platform/linux/environmentFolders.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
@@ -36,6 +37,9 @@ int main(int argc, char** argv)
     // While the office suite works the windows stay painted and the waiting box runs; clicks and keys wait.
     platform().office->setIdleWork(
         [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
+    // A page of another process fits into a window of an X server alone.
+    if (QGuiApplication::platformName() == QStringLiteral("xcb"))
+        platform().pages = std::make_shared<PageProcesses>(DosPaths(userDataFolder()));
     installErrorReporter();
     installSelectionConsumer();
     installQtForms();

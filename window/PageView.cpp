@@ -58,8 +58,10 @@ void PageView::openPage()
         showRichText();
         return;
     }
-    stack_->setCurrentWidget(host_);
-    showPage();
+    if (stack_->currentWidget() == host_)
+        showPage();
+    else
+        stack_->setCurrentWidget(host_); // tells us when it shows
 }
 
 /// Only on the screen is the window there for good: a form that comes up as a modal one gets new windows.

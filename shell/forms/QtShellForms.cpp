@@ -2,9 +2,11 @@
 
 #include "branding/webPages.h"
 #include "catalogue/EngagementHost.h"
+#include "catalogue/OfferingsHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "catalogue/forms/frmEngagementList.h"
 #include "creation/forms/QtCreationForms.h"
+#include "creation/officeApplications.h"
 #include "search/ShowSearchForm.h"
 #include "search/forms/BuildDisclosureProgressForm.h"
 #include "search/forms/QtSearchForms.h"
@@ -17,6 +19,7 @@
 #include "shell/shellState.h"
 #include "support/SupportHost.h"
 #include "support/forms/frmAbout.h"
+#include "tree/LoadTree.h"
 #include "window/MainFormGate.h"
 #include "window/pendingEvents.h"
 
@@ -108,6 +111,8 @@ void installQtForms()
                          ZorvoQuickTour();
                      }};
     installDisclosureProgressForm();
+    offeringsHost() = {[](TreeNodes& tree) { LoadTree(tree, nullptr, true, false); },
+                       [] { ReleaseOfficeObjects(); }};
     installQtCreationForms({[](const std::string& sInstanceName) {
                                 singleInstance().get().setInstanceName(sInstanceName);
                                 singleInstance().get().showModeless();

@@ -6,6 +6,7 @@
 #include "branding/webPages.h"
 #include "branding/xmlCaptionLoaderManager.h"
 #include "catalogue/basHTMLHelp.h"
+#include "catalogue/forms/frmAllProducts.h"
 #include "creation/HasSWDProducts.h"
 #include "creation/creationState.h"
 #include "platform/Office.h"
@@ -59,6 +60,7 @@ void TemplateTree::mapCommands()
         {"ID_EXIT", [this] { ExitProgram(); }},
         {"ID_MYCURRENT_BRENDLE", [this] { setViewTo(true); }},
         {"ID_MYCURRENTANDPRIOR_BRENDLE", [this] { setViewTo(false); }},
+        {"ID_ALLBRENDLEOFFERINGS", [] { ShowAllOfferings(); }},
         {"ID_COLLAPSE", [this] { ExpandCollapse(false); }},
         {"ID_EXPAND", [this] { ExpandCollapse(true); }},
         {"ID_OPTIONS", [this] { ZorvoBrendleOptionsDialog(); }},

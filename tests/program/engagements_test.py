@@ -62,8 +62,12 @@ class Engagements(unittest.TestCase):
 
     def folder(self, product, year):
         """The registered template folder of a year, as the registry has it."""
-        return session.brendle("registry", "get", "HKEY_LOCAL_MACHINE\\Software\\Zorvo\\Tessora\\%s\\%s\\InstallDefaults"
-                               % (product, year), "AppPath2").stdout.rstrip("\n")
+        for hive in ("HKEY_LOCAL_MACHINE", "HKEY_CURRENT_USER"):
+            key = hive + "\\Software\\Zorvo\\Tessora\\%s\\%s\\InstallDefaults" % (product, year)
+            result = session.brendle("registry", "get", key, "AppPath2", check=False)
+            if result.returncode == 0:
+                return result.stdout.rstrip("\n")
+        return self.fail("no folder of %s %s" % (product, year))
 
     def handed_over(self, path, element):
         """The client's output, the file, and that the process ends."""

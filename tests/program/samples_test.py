@@ -13,6 +13,7 @@ import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
+from urllib.parse import unquote
 
 SOURCE, PROGRAM, TEMPLATES = (Path(argument) for argument in sys.argv[1:4])
 COMPOUND_FILE = bytes.fromhex("D0CF11E0A1B11AE1")
@@ -285,13 +286,27 @@ class Engagements(unittest.TestCase):
 
 
 class Pages(unittest.TestCase):
-    def test_links_and_pictures_lead_somewhere(self):
-        pages = [*PROGRAM.glob("TreeData/HTML/*.htm"), *PROGRAM.glob("Products/*/*/HTML/*.htm")]
-        for page in pages:
+    PAGES = [*PROGRAM.glob("TreeData/HTML/*.htm"), *PROGRAM.glob("Products/*/*/HTML/*.htm")]
+
+    def test_links_and_pictures_lead_somewhere_within_the_pages_own_folder(self):
+        for page in self.PAGES:
             for name in re.findall(r'(?:href|src)="([^"]+)"', page.read_text(encoding="utf-8")):
-                # A page that a product brings may point to offerings, whose pages lie with the program.
-                self.assertTrue((page.parent / name).is_file() or (PROGRAM / "TreeData" / "HTML" / name).is_file(),
-                                f"{page.name}: {name}")
+                if not name.startswith("https://"):
+                    self.assertTrue((page.parent / unquote(name)).is_file(), f"{page.name}: {name}")
+
+    def test_web_addresses_are_nobodys(self):
+        addresses = [a for p in self.PAGES for a in re.findall(r'href="(https?:[^"]+)"', p.read_text(encoding="utf-8"))]
+        self.assertTrue(addresses)
+        for address in addresses:
+            self.assertRegex(address, r"^https://[a-z.-]+\.example/")
+
+    def test_every_group_of_the_tree_has_a_page_of_its_title(self):
+        for group in tree_order().iter("ProductTreeGroup"):
+            self.assertTrue((PROGRAM / "TreeData" / "HTML" / f"{group.get('TreeTitle')}.htm").is_file(), group.attrib)
+
+    def test_the_report_that_the_offerings_form_opens_lists_templates(self):
+        report = (PROGRAM / "TreeData" / "Zorvo LIBRARY TEMPLATE REPORT.HTM").read_text(encoding="utf-8")
+        self.assertGreaterEqual(report.count("<tr>"), 50)
 
 
 class Branding(unittest.TestCase):
