@@ -10,17 +10,51 @@ import sys
 import tempfile
 import time
 
-BUILD = os.path.abspath(sys.argv[1])
 COUNT = 50
 ROUNDS = 3
 LIMIT = 1.15
 
 
-def templates():
-    found = []
-    for folder, _, files in os.walk(BUILD + "/program/Products"):
-        found += [os.path.join(folder, name) for name in files if name.lower().endswith(".dot")]
-    return sorted(found)
+def templates(build, extension):
+    """All sample templates of that extension, each once."""
+    found = {}
+    for folder, _, files in os.walk(build + "/program/Products"):
+        for name in files:
+            if name.lower().endswith(extension):
+                found.setdefault(name, os.path.join(folder, name))
+    return [found[name] for name in sorted(found)]
+
+
+def copies(sources, count, folder, first=0):
+    """`count` copies of the sources in turn, each under a name of its own."""
+    os.makedirs(folder, exist_ok=True)
+    paths = []
+    for i in range(count):
+        source = sources[i % len(sources)]
+        paths.append(os.path.join(folder, "T%03d%s" % (first + i, os.path.splitext(source)[1])))
+        shutil.copy(source, paths[-1])
+    return paths
+
+
+def selection_of(paths, target):
+    """A selection document of the templates, as a partner's session hands it over."""
+    with open(target, "w", encoding="utf-8") as file:
+        file.write("<Documents>" + "".join(
+            "<Document><Title><![CDATA[%s]]></Title><FileName><![CDATA[Z:%s]]></FileName><Type><![CDATA[TSR]]></Type>"
+            "<Year><![CDATA[2007]]></Year></Document>" % (os.path.basename(path), path.replace("/", "\\"))
+            for path in paths) + "</Documents>")
+    return target
+
+
+def private_environment(home):
+    env = {**os.environ, "HOME": home, "XDG_CONFIG_HOME": home + "/config", "XDG_DATA_HOME": home + "/data",
+           "XDG_CACHE_HOME": home + "/cache", "XDG_RUNTIME_DIR": home + "/run",
+           "ZORVOBRENDLE_MACHINE_DIR": home + "/machine", "LC_ALL": "C.UTF-8"}
+    os.makedirs(home + "/run", mode=0o700, exist_ok=True)
+    os.makedirs(home + "/machine", exist_ok=True)
+    for variable in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):
+        env.pop(variable, None)
+    return env
 
 
 def timed(command, env):
@@ -31,39 +65,29 @@ def timed(command, env):
     return time.monotonic() - start
 
 
-def main():
+def conversion(home, form, target, paths):
+    return ["soffice", "-env:UserInstallation=file://%s/profile" % home, "--headless", "--convert-to", form, "--outdir",
+            target, *paths]
+
+
+def in_a_home(run, *arguments):
     home = tempfile.mkdtemp(prefix="zb-bench-")
     try:
-        run(home)
+        run(home, *arguments)
     finally:
         shutil.rmtree(home)
 
 
-def run(home):
-    source = os.path.join(home, "templates")
-    os.mkdir(source)
-    found = templates()
-    paths = []
-    for i in range(COUNT):
-        paths.append(os.path.join(source, "T%02d.dot" % i))
-        shutil.copy(found[i % len(found)], paths[-1])
-    selection = os.path.join(home, "selection.xml")
-    with open(selection, "w", encoding="utf-8") as file:
-        file.write("<Documents>" + "".join(
-            "<Document><Title><![CDATA[T%02d]]></Title><FileName><![CDATA[Z:%s]]></FileName><Type><![CDATA[TSR]]></Type>"
-            "<Year><![CDATA[2007]]></Year></Document>" % (i, path.replace("/", "\\"))
-            for i, path in enumerate(paths)) + "</Documents>")
-    env = {**os.environ, "HOME": home, "XDG_CONFIG_HOME": home + "/config", "XDG_DATA_HOME": home + "/data",
-           "XDG_CACHE_HOME": home + "/cache", "ZORVOBRENDLE_MACHINE_DIR": home + "/machine", "LC_ALL": "C.UTF-8"}
-    for variable in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):
-        env.pop(variable, None)
+def run(home, build):
+    paths = copies(templates(build, ".dot"), COUNT, home + "/templates")
+    selection = selection_of(paths, home + "/selection.xml")
+    env = private_environment(home)
     ours, bare = [], []
     print("round   brendle create   soffice --convert-to")
     for i in range(ROUNDS):
         made, converted = "%s/made%d" % (home, i), "%s/converted%d" % (home, i)
-        ours.append(timed([BUILD + "/bin/brendle", "create", "--to", made, "--selection", selection], env))
-        bare.append(timed(["soffice", "-env:UserInstallation=file://%s/profile" % home, "--headless", "--convert-to",
-                           "doc:MS Word 97", "--outdir", converted, *paths], env))
+        ours.append(timed([build + "/bin/brendle", "create", "--to", made, "--selection", selection], env))
+        bare.append(timed(conversion(home, "doc:MS Word 97", converted, paths), env))
         if len(os.listdir(made)) != COUNT or len(os.listdir(converted)) != COUNT:
             sys.exit("not every document was made")
         print("%5d   %12.2f s   %18.2f s" % (i + 1, ours[-1], bare[-1]))
@@ -72,4 +96,5 @@ def run(home):
     sys.exit(0 if ratio <= LIMIT else 1)
 
 
-main()
+if __name__ == "__main__":
+    in_a_home(run, os.path.abspath(sys.argv[1]))

@@ -9,6 +9,7 @@
 #include "client/failureLine.h"
 #include "client/givenPath.h"
 #include "client/outcomeText.h"
+#include "client/profileFile.h"
 #include "client/selectionFile.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
@@ -90,11 +91,17 @@ private:
     bool bShown_;
 };
 
-std::vector<DocumentOutcome> carryOut(const std::vector<Order>& orders, const std::string& sFolder,
-                                      bool bLines, std::ostream& out, std::ostream& err)
+/// Where the documents go and what the add-in puts into them.
+struct Delivery {
+    std::string sFolder;
+    std::string sProfileData;
+};
+
+std::vector<DocumentOutcome> carryOut(const std::vector<Order>& orders, const Delivery& delivery, bool bLines,
+                                      std::ostream& out, std::ostream& err)
 {
     std::vector<DocumentOutcome> outcomes;
-    DocumentMaker maker(sFolder, err);
+    DocumentMaker maker(delivery.sFolder, delivery.sProfileData, err);
     ProgressLine progress(err, orders.size());
     for (const Order& order : orders) {
         progress.show(outcomes.size() + 1, order.document.sTitle);
@@ -113,16 +120,17 @@ int create(const CreateOptions& options, std::ostream& out, std::ostream& err)
     if (options.sCompany)
         StoreCompanyID(*options.sCompany);
     const std::vector<Order> orders = ordersFor(options);
-    const std::string sFolder = targetFolder(options.sFolder);
-    const auto outcomes = carryOut(orders, sFolder, !options.bJson, out, err);
+    Delivery delivery;
+    if (options.sProfileFile)
+        delivery.sProfileData = readProfileFile(givenPath(*options.sProfileFile));
+    delivery.sFolder = targetFolder(options.sFolder);
+    const auto outcomes = carryOut(orders, delivery, !options.bJson, out, err);
     if (options.bJson)
-        out << outcomeJson(outcomes, platform().files->toNative(sFolder));
-    const auto nFailed = std::count_if(outcomes.begin(), outcomes.end(),
-                                       [](const auto& outcome) { return !outcome.bCreated; });
-    if (nFailed == 0)
-        return kExitDone;
-    err << nFailed << " of " << outcomes.size() << " documents failed" << std::endl;
-    return kExitFailed;
+        out << outcomeJson(outcomes, platform().files->toNative(delivery.sFolder));
+    err << summaryLine(outcomes) << std::endl;
+    const bool bAllCreated =
+        std::all_of(outcomes.begin(), outcomes.end(), [](const auto& outcome) { return outcome.bCreated; });
+    return bAllCreated ? kExitDone : kExitFailed;
 }
 
 } // namespace

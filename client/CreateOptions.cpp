@@ -66,6 +66,8 @@ private:
             options.sSelectionFile = sValue;
         else if (sOption == "--company")
             options.sCompany = sValue;
+        else if (sOption == "--profile")
+            options.sProfileFile = sValue;
         else
             return false;
         return true;

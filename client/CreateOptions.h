@@ -23,11 +23,12 @@ struct CreateOptions {
     std::optional<std::string> sSelectionFile;
     std::vector<TemplateName> templates;
     std::optional<std::string> sCompany;
+    std::optional<std::string> sProfileFile;
     bool bJson = false;
 };
 
 inline constexpr const char* kCreateArguments =
-    "--to FOLDER (--selection FILE | PRODUCT/YEAR/NAME ...) [--company ID] [--json]";
+    "--to FOLDER (--selection FILE | PRODUCT/YEAR/NAME ...) [--company ID] [--profile FILE] [--json]";
 
 /// Nothing for wrong usage. Options come in any order, "--" ends them; the value of an option follows it or
 /// stands behind "=".

@@ -116,10 +116,12 @@ std::string shortcoming(const MessageNotes& notes, const std::string& sPath)
 
 } // namespace
 
-DocumentMaker::DocumentMaker(std::string sFolder, std::ostream& err)
+DocumentMaker::DocumentMaker(std::string sFolder, std::string sProfileData, std::ostream& err)
     : sFolder_(std::move(sFolder))
+    , sProfileData_(std::move(sProfileData))
     , err_(err)
 {
+    creationState().bReplaceNothing = true;
     if (platform().office)
         platform().office->setNeverReplaceFiles(true);
 }
@@ -128,6 +130,7 @@ DocumentMaker::~DocumentMaker()
 {
     QuitOfficeApplications();
     ReleaseOfficeObjects();
+    creationState().bReplaceNothing = false;
     if (platform().office)
         platform().office->setNeverReplaceFiles(false);
 }
@@ -145,12 +148,14 @@ DocumentOutcome DocumentMaker::make(const SelectedDocument& document)
     creationState().sMissingOffice.clear();
     std::string sFileName;
     ProcessOneDoc(document.sFileName, document.sType + "~" + document.sYear, sFolder_, sFileName, true, true,
-                  "");
+                  sProfileData_);
     const std::string sPath = sFolder_ + sFileName;
     outcome.sReason = oneLine(shortcoming(notes, sPath));
     outcome.bCreated = outcome.sReason.empty();
     if (outcome.bCreated)
         outcome.sFile = platform().files->toNative(sPath);
+    if (outcome.bCreated && !sProfileData_.empty())
+        outcome.bProfile = creationState().bProfileStuffed;
     return outcome;
 }
 

@@ -2,6 +2,7 @@
 
 #include "tree/SelectedDocument.h"
 
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -14,6 +15,8 @@ struct DocumentOutcome {
     std::string sTemplate = {};
     std::string sFile = {};
     bool bCreated = false;
+    /// It holds the profile data; nothing when none was given.
+    std::optional<bool> bProfile = {};
     /// Why not; one line.
     std::string sReason = {};
 };
@@ -22,9 +25,9 @@ struct DocumentOutcome {
 /// ever written over. Word and Excel end with this object.
 class DocumentMaker {
 public:
-    /// `sFolder` is a backslash path with a closing backslash. Messages of the program go to `err` as they
-    /// come.
-    DocumentMaker(std::string sFolder, std::ostream& err);
+    /// `sFolder` is a backslash path with a closing backslash, `sProfileData` what the add-in takes or empty.
+    /// Messages of the program go to `err` as they come.
+    DocumentMaker(std::string sFolder, std::string sProfileData, std::ostream& err);
     ~DocumentMaker();
     DocumentMaker(const DocumentMaker&) = delete;
     DocumentMaker& operator=(const DocumentMaker&) = delete;
@@ -35,6 +38,7 @@ public:
 
 private:
     std::string sFolder_;
+    std::string sProfileData_;
     std::ostream& err_;
 };
 

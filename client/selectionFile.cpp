@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/text.h"
+#include "client/fileText.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
 
@@ -9,19 +10,10 @@ namespace zorvo {
 
 namespace {
 
-std::string withoutBlankEnds(const std::string& sText)
-{
-    constexpr const char* kBlank = " \t\r\n";
-    const auto nFirst = sText.find_first_not_of(kBlank);
-    if (nFirst == std::string::npos)
-        return {};
-    return sText.substr(nFirst, sText.find_last_not_of(kBlank) - nFirst + 1);
-}
-
 XmlDocument parsed(const std::string& sBytes)
 {
     XmlDocument selection;
-    const std::string sText = withoutBlankEnds(sBytes);
+    const std::string sText = withoutBlankEnds(withoutByteOrderMark(sBytes));
     if (sText.size() >= 2 && sText.front() == '"' && sText.back() == '"')
         selection.loadXML(replaceAll(sText.substr(1, sText.size() - 2), "|", "\""));
     else

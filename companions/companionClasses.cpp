@@ -2,23 +2,45 @@
 
 #include "companions/classIds.h"
 
+#include <utility>
+
 namespace zorvo {
 
 namespace {
 
 constexpr int kChooseLocation = 1;
 
-ServedClass addInClass(const char* progId)
+AutomationOperation setCompanyID()
 {
-    const AutomationOperation setCompanyID{
-        "SetCompanyID",
-        {{"sCompanyID", ArgumentKind::text, ArgumentDirection::in}},
-        [](AutomationObject& instance, std::vector<Value>& arguments) -> Value {
-            dynamic_cast<AddInConnection&>(instance).SetCompanyID(std::get<std::string>(arguments[0]));
-            return {};
-        }};
+    return {"SetCompanyID",
+            {{"sCompanyID", ArgumentKind::text, ArgumentDirection::in}},
+            [](AutomationObject& instance, std::vector<Value>& arguments) -> Value {
+                dynamic_cast<AddInConnection&>(instance).SetCompanyID(std::get<std::string>(arguments[0]));
+                return {};
+            }};
+}
+
+/// Folder and place come back too: the folder in a form that a file name can be put behind.
+AutomationOperation profileForm(std::function<ProfileAnswer(const ProfileQuestion&)> ask)
+{
+    return {"TreeSelectProfileDataForm",
+            {{"sProfileData", ArgumentKind::text, ArgumentDirection::result},
+             {"sFolder", ArgumentKind::text, ArgumentDirection::inOut},
+             {"nTop", ArgumentKind::int32, ArgumentDirection::inOut},
+             {"nLeft", ArgumentKind::int32, ArgumentDirection::inOut}},
+            [ask = std::move(ask)](AutomationObject&, std::vector<Value>& arguments) -> Value {
+                const ProfileAnswer answer =
+                    ask({std::get<std::string>(arguments[0]), std::get<std::int32_t>(arguments[1]),
+                         std::get<std::int32_t>(arguments[2])});
+                arguments = {answer.sFolder, std::int32_t{answer.nTop}, std::int32_t{answer.nLeft}};
+                return answer.sProfile;
+            }};
+}
+
+ServedClass addInClass(const char* progId, std::vector<AutomationOperation> operations)
+{
     ServedClass served;
-    served.automation = {progId, {setCompanyID}, [] { return std::make_shared<AddInConnection>(); }};
+    served.automation = {progId, std::move(operations), [] { return std::make_shared<AddInConnection>(); }};
     return served;
 }
 
@@ -45,10 +67,11 @@ ServedClass locationClass(std::function<void()> chooseLocation)
 
 } // namespace
 
-std::vector<ServedClass> companionClasses(std::function<void()> chooseLocation)
+std::vector<ServedClass> companionClasses(const CompanionDialogs& dialogs)
 {
-    return {addInClass(kWordAddIn.progId), addInClass(kExcelAddIn.progId), frameworkClass(),
-            locationClass(std::move(chooseLocation))};
+    return {addInClass(kWordAddIn.progId, {setCompanyID(), profileForm(dialogs.askProfile)}),
+            addInClass(kExcelAddIn.progId, {setCompanyID()}), frameworkClass(),
+            locationClass(dialogs.chooseLocation)};
 }
 
 } // namespace zorvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companions/profileDialog.h"
 #include "platform/linux/ServedObjects.h"
 
 #include <functional>
@@ -27,7 +28,13 @@ class ActXManager : public AutomationObject {};
 /// Its only operation has no name, just the dispatch id 1.
 class ReferenceLocation : public AutomationObject {};
 
-/// `chooseLocation` asks the user for the location and keeps it; it may throw RunTimeError.
-std::vector<ServedClass> companionClasses(std::function<void()> chooseLocation);
+/// What the classes ask the user; each may throw RunTimeError.
+struct CompanionDialogs {
+    /// Asks for the location of reference material and keeps it.
+    std::function<void()> chooseLocation;
+    std::function<ProfileAnswer(const ProfileQuestion&)> askProfile;
+};
+
+std::vector<ServedClass> companionClasses(const CompanionDialogs& dialogs);
 
 } // namespace zorvo

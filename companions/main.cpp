@@ -1,5 +1,6 @@
 #include "base/RunTimeError.h"
 #include "companions/companionClasses.h"
+#include "companions/profileDialog.h"
 #include "companions/referenceLocation.h"
 #include "companions/registration.h"
 #include "platform/Platform.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QFile>
 #include <QProcess>
 #include <iostream>
 
@@ -17,6 +19,7 @@ namespace {
 using namespace zorvo;
 
 constexpr const char* kChooseLocation = "--choose-location";
+constexpr const char* kAskProfile = "--ask-profile";
 constexpr const char* kUsage =
     "usage: zorvo-companions [--register | --unregister]\n"
     "\n"
@@ -26,21 +29,42 @@ constexpr EndOfService::Waits kWaits{std::chrono::seconds(5), std::chrono::secon
 
 enum Exit : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
-/// The dialog is a process of its own: the server has no windows and runs without a display.
-void runLocationDialog()
+/// A dialog is a process of its own: the server has no windows and runs without a display. Gives what it has
+/// written.
+QByteArray runDialog(const char* argument, const QByteArray& input = {})
 {
     QProcess dialog;
     QEventLoop loop;
     QObject::connect(&dialog, &QProcess::finished, &loop, &QEventLoop::quit);
     QObject::connect(&dialog, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
-    dialog.setProcessChannelMode(QProcess::ForwardedChannels);
-    dialog.start(QCoreApplication::applicationFilePath(), {QLatin1String(kChooseLocation)});
+    dialog.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    dialog.start(QCoreApplication::applicationFilePath(), {QLatin1String(argument)});
+    dialog.write(input);
+    dialog.closeWriteChannel();
     if (dialog.state() != QProcess::NotRunning)
         loop.exec();
     if (dialog.exitStatus() != QProcess::NormalExit || dialog.error() == QProcess::FailedToStart)
         throw RunTimeError(kInvalidCall, "The dialog can't be shown");
     if (dialog.exitCode() != kDone)
         throw RunTimeError(kPathOrFileAccess);
+    return dialog.readAllStandardOutput();
+}
+
+ProfileAnswer runProfileDialog(const ProfileQuestion& question)
+{
+    return profileAnswer(runDialog(kAskProfile, toJson(question)));
+}
+
+int askProfile(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    installLinuxPlatform();
+    QFile input;
+    QFile output;
+    if (!input.open(stdin, QIODevice::ReadOnly) || !output.open(stdout, QIODevice::WriteOnly))
+        return kFailed;
+    output.write(toJson(zorvo::askProfile(profileQuestion(input.readAll()))));
+    return kDone;
 }
 
 int chooseLocation(int argc, char** argv)
@@ -75,7 +99,8 @@ int serve()
 {
     registerQuietly();
     DBusClassServer server(QDBusConnection::sessionBus(), QLatin1String(kCompanionsBusName),
-                           companionClasses(runLocationDialog), DBusClassServer::Attaching::attachable);
+                           companionClasses({[] { runDialog(kChooseLocation); }, runProfileDialog}),
+                           DBusClassServer::Attaching::attachable);
     const EndOfService end(server, {}, kWaits);
     if (!server.start()) {
         std::cerr << "zorvo-companions: there is no session bus, or another one serves already\n";
@@ -103,6 +128,8 @@ int main(int argc, char** argv)
     try {
         if (sArgument == kChooseLocation)
             return chooseLocation(argc, argv);
+        if (sArgument == kAskProfile)
+            return askProfile(argc, argv);
         const QCoreApplication application(argc, argv);
         return run(sArgument);
     } catch (const RunTimeError& error) {

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "companions/classIds.h"
 
+#include <filesystem>
 #include <optional>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr std::size_t kValueCapacity = 4096;
 constexpr const char* kServerExecutable = "ServerExecutable";
+constexpr const char* kAddInLibrary = "libzorvo-addin.so";
 
 std::string classKey(const std::string& sClassId)
 {
@@ -21,6 +23,24 @@ std::string classKey(const std::string& sClassId)
 std::string serverKey(const std::string& sClassId)
 {
     return classKey(sClassId) + "\\LocalServer32";
+}
+
+/// What the office loads lies with the libraries of the program, in a build tree and in an installation.
+std::string addInLibrary(const std::string& sExecutable)
+{
+    namespace fs = std::filesystem;
+    const fs::path programs = fs::path(sExecutable).parent_path();
+    std::error_code ignored;
+    for (const fs::path& folder : {programs / "../lib", programs / ".." / ZORVO_INSTALLED_LIB_FOLDER,
+                                   programs / "../lib/zorvobrendle"})
+        if (fs::exists(folder / kAddInLibrary, ignored))
+            return fs::weakly_canonical(folder / kAddInLibrary, ignored).string();
+    return {};
+}
+
+std::string officeKey(const std::string& sClassId)
+{
+    return classKey(sClassId) + "\\InprocServer32";
 }
 
 std::string progIdKey(const RegisteredClass& registered)
@@ -64,6 +84,9 @@ void addRegistration(std::vector<RegistryChange>& changes, const RegisteredClass
     changes.push_back(textValue(classKey(registered.classId), {}, registered.description));
     changes.push_back(textValue(serverKey(registered.classId), {}, kCompanionsBusName));
     changes.push_back(textValue(serverKey(registered.classId), kServerExecutable, sExecutable));
+    const std::string sLibrary = registered.bInsideOffice ? addInLibrary(sExecutable) : std::string();
+    if (!sLibrary.empty())
+        changes.push_back(textValue(officeKey(registered.classId), {}, sLibrary));
 }
 
 bool isMissing(RegistryStore& registry, const RegisteredClass& registered)
@@ -78,7 +101,9 @@ bool isMissing(RegistryStore& registry, const RegisteredClass& registered)
         return false;
     const std::string sExecutable =
         text(registry, serverKey(*classId), kServerExecutable).value_or(std::string());
-    return access(sExecutable.c_str(), X_OK) != 0;
+    const std::string sLibrary = text(registry, officeKey(*classId), {}).value_or(std::string());
+    return access(sExecutable.c_str(), X_OK) != 0 ||
+           (registered.bInsideOffice && access(sLibrary.c_str(), R_OK) != 0);
 }
 
 void addDeletion(std::vector<RegistryChange>& changes, const std::string& sKey)

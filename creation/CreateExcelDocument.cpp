@@ -1,11 +1,13 @@
 #include "creation/CreateExcelDocument.h"
 
 #include "base/numbers.h"
+#include "creation/SaveName.h"
 #include "creation/addInConnection.h"
-#include "creation/fileNaming.h"
 #include "creation/officeApplications.h"
 #include "creation/officeCall.h"
 #include "platform/Office.h"
+
+#include <optional>
 
 namespace zorvo {
 
@@ -22,14 +24,18 @@ void setProtection(const LateBoundPtr& connection, ExcelApplication& objExcelApp
     officeCall([&] { connection->call("ProtectExcelDoc", {objExcelApp.activeWorkbook(), bProtect}); });
 }
 
-void saveWorkbook(ExcelApplication& objExcelApp, const std::string& sSaveName)
+void saveWorkbook(ExcelApplication& objExcelApp, SaveName& name)
 {
     officeCall([&] { objExcelApp.setEnableEvents(false); });
     double nVersion = 0;
     officeCall([&] { nVersion = leadingNumber(objExcelApp.version()); });
     const int nFormat = nVersion > kLastVersionWithOldFormat ? kExcel97Format : kNoFormat;
-    officeCall([&] { objExcelApp.activeWorkbook()->saveAs(sSaveName, nFormat, kNoAccessChange); });
-    officeCall([&] { objExcelApp.setEnableEvents(true); });
+    officeCall([&] {
+        name.save([&](const std::string& sSaveName) {
+            objExcelApp.activeWorkbook()->saveAs(sSaveName, nFormat, kNoAccessChange);
+        });
+    });
+    callAfterSave([&] { objExcelApp.setEnableEvents(true); });
 }
 
 } // namespace
@@ -37,8 +43,9 @@ void saveWorkbook(ExcelApplication& objExcelApp, const std::string& sSaveName)
 void CreateExcelDocument(const std::string& sUpperTemplatePath, const std::string& sFolder,
                          std::string& sFileName, bool bShare, bool bSave, const std::string& sProfileData)
 {
-    const std::string sSaveName =
-        bSave ? sSaveNameFor(sUpperTemplatePath, ".XLT", sFolder, sFileName, ".XLS") : std::string();
+    std::optional<SaveName> name;
+    if (bSave)
+        name.emplace(sUpperTemplatePath, ".XLT", sFolder, sFileName, ".XLS");
     creationState().objExcelApp = GetExcelApplication(creationState().objExcelApp);
     const auto objExcelApp = creationState().objExcelApp;
     if (!objExcelApp)
@@ -54,6 +61,7 @@ void CreateExcelDocument(const std::string& sUpperTemplatePath, const std::strin
     if (const LateBoundPtr connection = excelConnection(creationState().objWordApp)) {
         officeCall([&] {
             connection->call("StuffProperties", {objExcelApp->activeWorkbook(), sProfileData});
+            creationState().bProfileStuffed = true;
         });
         if (bSave)
             setProtection(connection, *objExcelApp, false);
@@ -62,9 +70,9 @@ void CreateExcelDocument(const std::string& sUpperTemplatePath, const std::strin
         ShowExcel(*objExcelApp);
         return;
     }
-    saveWorkbook(*objExcelApp, sSaveName);
+    saveWorkbook(*objExcelApp, *name);
     if (bShare) {
-        officeCall([&] { objExcelApp->activeWorkbook()->close(); });
+        callAfterSave([&] { objExcelApp->activeWorkbook()->close(); });
         return;
     }
     if (const LateBoundPtr connection = excelConnection(creationState().objWordApp))

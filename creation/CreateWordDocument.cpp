@@ -1,10 +1,12 @@
 #include "creation/CreateWordDocument.h"
 
+#include "creation/SaveName.h"
 #include "creation/addInConnection.h"
-#include "creation/fileNaming.h"
 #include "creation/officeApplications.h"
 #include "creation/officeCall.h"
 #include "platform/Office.h"
+
+#include <optional>
 
 namespace zorvo {
 
@@ -16,8 +18,9 @@ void CreateWordDocument(const std::string& sUpperTemplatePath, const std::string
                         std::string& sFileName, bool bShare, bool bSave, const std::string& sProfileData)
 {
     const bool bBatch = bShare && bSave;
-    const std::string sSaveName =
-        bSave ? sSaveNameFor(sUpperTemplatePath, ".DOT", sFolder, sFileName, ".DOC") : std::string();
+    std::optional<SaveName> name;
+    if (bSave)
+        name.emplace(sUpperTemplatePath, ".DOT", sFolder, sFileName, ".DOC");
     creationState().objWordApp = GetWordApplication(creationState().objWordApp);
     const auto objWordApp = creationState().objWordApp;
     if (!objWordApp)
@@ -35,17 +38,23 @@ void CreateWordDocument(const std::string& sUpperTemplatePath, const std::string
                 officeCall([&] { connection->call("SetForceShareFlag"); });
             officeCall([&] {
                 connection->call("StuffProperties", {objWordApp->activeDocument(), sProfileData});
+                creationState().bProfileStuffed = true;
             });
         }
-        officeCall([&] { objWordApp->activeDocument()->saveAs(sSaveName, kWordDocumentFormat); });
+        officeCall([&] {
+            name->save([&](const std::string& sSaveName) {
+                objWordApp->activeDocument()->saveAs(sSaveName, kWordDocumentFormat);
+            });
+        });
     }
     // After the save: what the refresh changes in a batch's document is not kept.
     if (connection) {
-        officeCall([&] { connection->call("RefreshFields", {objWordApp->activeDocument()}); });
+        const auto refresh = [&] { connection->call("RefreshFields", {objWordApp->activeDocument()}); };
+        bBatch ? callAfterSave(refresh) : officeCall(refresh);
         connection.reset();
     }
     if (bBatch)
-        officeCall([&] { objWordApp->activeDocument()->close(); });
+        callAfterSave([&] { objWordApp->activeDocument()->close(); });
     else
         ShowWord(*objWordApp);
 }

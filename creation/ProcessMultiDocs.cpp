@@ -7,6 +7,7 @@
 #include "creation/creationState.h"
 #include "creation/officeApplications.h"
 #include "creation/openDocuments.h"
+#include "creation/shortcomings.h"
 #include "platform/machineAccess.h"
 #include "window/clsMousePointer.h"
 #include "window/messageBox.h"
@@ -34,45 +35,22 @@ void tellMissingDocument(const std::string& sName, const std::string& sFolder)
     BrandedMsgBox("The document " + sName + " does not exist at " + sFolder, kMsgInformation);
 }
 
-/// How many documents of a batch aren't as they should be, and the first reason.
-struct Shortcomings {
-    int nDocuments = 0;
-    std::string sReason;
-
-    void takeLastDocument(const std::string& sName)
-    {
-        const auto& failures = creationState().skippedFailures;
-        if (failures.empty() && !sName.empty())
-            return;
-        ++nDocuments;
-        if (sReason.empty() && !failures.empty())
-            sReason = failures.front().description();
-    }
-
-    std::string notice(int nOfAll) const
-    {
-        if (!creationState().sMissingOffice.empty())
-            return creationState().sMissingOffice;
-        if (nDocuments == 0)
-            return {};
-        std::string sText = std::to_string(nDocuments) + " of " + std::to_string(nOfAll) +
-                            " documents could not be created completely.";
-        return sReason.empty() ? sText : sText + " " + sReason;
-    }
-};
-
 void processAll(const DocumentBatch& batch, BatchWindow& window)
 {
-    Shortcomings shortcomings;
+    Shortcomings shortcomings(!batch.sProfileData.empty());
     for (const XmlNode& document : batch.objDocumentNodes) {
         window.setStatus(" Now saving " + document.childText("Title") + "...");
         std::string sName;
-        ProcessOneDoc(document.childText("FileName"), sTypeYearOf(document), batch.sFolder, sName, true, true,
+        const std::string sTemplatePath = document.childText("FileName");
+        creationState().sMissingOffice.clear();
+        ProcessOneDoc(sTemplatePath, sTypeYearOf(document), batch.sFolder, sName, true, true,
                       batch.sProfileData);
+        LogShortcomings(sTemplatePath, sName);
         shortcomings.takeLastDocument(sName);
         AddCreatedDocument(sName, document, window);
         window.advanceBar();
     }
+    creationState().sMissingOffice = shortcomings.missingOffice();
     QuitOfficeApplications();
     ReleaseOfficeObjects();
     window.endProgress();

@@ -46,6 +46,8 @@ void ProcessOneDoc(const std::string& sTemplatePath, const std::string& sTypeYea
                    std::string& sFileName, bool bShare, bool bSave, const std::string& sProfileData)
 {
     creationState().skippedFailures.clear();
+    creationState().failuresAfterSave.clear();
+    creationState().bProfileStuffed = false;
     try {
         if (!bFileExists(sTemplatePath)) {
             tellMissingTemplate(sTemplatePath);

@@ -11,6 +11,7 @@
 #include "creation/addInConnection.h"
 #include "creation/creationState.h"
 #include "creation/officeApplications.h"
+#include "creation/shortcomings.h"
 #include "platform/machineAccess.h"
 #include "tree/SelectionConsumer.h"
 #include "window/clsMousePointer.h"
@@ -38,6 +39,7 @@ void createSingle(const XmlNode& document)
     forms().showSingleInstance(sGetFileName(sTemplatePath, true));
     std::string sFileName;
     ProcessOneDoc(sTemplatePath, sTypeYear, "", sFileName, false, false, "");
+    LogShortcomings(sTemplatePath, "");
     forms().unloadSingleInstance();
     ReleaseOfficeObjects();
 }

@@ -22,6 +22,12 @@ struct CreationState {
     std::string sMissingOffice;
     /// The calls to Word and Excel that failed and were skipped while the last document was made.
     std::vector<RunTimeError> skippedFailures;
+    /// Those that came when its file was whole already.
+    std::vector<RunTimeError> failuresAfterSave;
+    /// An add-in has put the profile data into the last document.
+    bool bProfileStuffed = false;
+    /// No save replaces a file, whatever the name was made for: for unattended runs.
+    bool bReplaceNothing = false;
 };
 
 CreationState& creationState();

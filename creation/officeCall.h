@@ -19,6 +19,18 @@ void officeCall(Statement&& statement)
     }
 }
 
+/// A statement behind the save of a document that nobody sees: its failure takes nothing from the file, and
+/// is only written down.
+template <typename Statement>
+void callAfterSave(Statement&& statement)
+{
+    try {
+        std::forward<Statement>(statement)();
+    } catch (const RunTimeError& error) {
+        creationState().failuresAfterSave.push_back(error);
+    }
+}
+
 /// A statement that a good document can do without: an add-in that need not be there, a window to bring up.
 template <typename Statement>
 void optionalOfficeCall(Statement&& statement)

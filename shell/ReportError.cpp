@@ -1,6 +1,7 @@
 #include "shell/ReportError.h"
 
 #include "base/failure.h"
+#include "base/failureLog.h"
 #include "branding/BrandedMsgBox.h"
 #include "shell/errorLog.h"
 #include "window/clsMousePointer.h"
@@ -83,6 +84,7 @@ void logAndShow(const Text& sTag, const Text& sMessage, const std::optional<bool
 void installErrorReporter()
 {
     setFailureReporter(logAndShow);
+    setFailureLog(WriteErrorLine);
 }
 
 } // namespace zorvo

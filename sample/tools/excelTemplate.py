@@ -193,8 +193,11 @@ class Calc:
 
 
 def named_cells(source, sheet):
+    # Without a base cell the office drops the name.
+    place = f"$'{escape(sheet.name)}'"
     ranges = "".join(
-        f"<table:named-range table:name=\"{name}\" table:cell-range-address=\"$'{escape(sheet.name)}'.$B${sheet.names[name]}\"/>"
+        f'<table:named-range table:name="{name}" table:base-cell-address="{place}.$A$1" '
+        f'table:cell-range-address="{place}.$B${sheet.names[name]}"/>'
         for name in source.properties()
     )
     return f"<table:named-expressions>{ranges}</table:named-expressions>"

@@ -177,18 +177,72 @@ TEST_F(Companions, AddInConnectionsTakeTheCompany)
 
 TEST_F(Companions, AddInConnectionKeepsTheCompany)
 {
-    const ServedClass served = companionClasses([] {}).front();
+    const ServedClass served = companionClasses({}).front();
     const AutomationObjectPtr instance = served.automation.create();
     std::vector<Value> arguments{std::string("OTR")};
     served.automation.operations.front().call(*instance, arguments);
     EXPECT_EQ(dynamic_cast<AddInConnection&>(*instance).companyID(), "OTR");
 }
 
+TEST_F(Companions, TheProfileFormTakesFolderAndPlaceAndGivesThemBack)
+{
+    ProfileQuestion asked;
+    const auto answer = [&](const ProfileQuestion& question) {
+        asked = question;
+        return ProfileAnswer{"ClientName=A\n", question.sFolder + "\\", 30, 40};
+    };
+    DBusClassServer server(QDBusConnection::sessionBus(), kCompanionsName,
+                           companionClasses({.chooseLocation = {}, .askProfile = answer}));
+    ASSERT_TRUE(server.start());
+    RegistryStore registry;
+    registerCompanions(registry, COMPANIONS);
+    std::vector<Value> arguments{std::string("C:\\Out"), std::int32_t{150}, std::int32_t{300}};
+    const Value profile =
+        creator_.createByProgId("ZorvoTSR.Connect")->invoke("TreeSelectProfileDataForm", arguments);
+    EXPECT_EQ(asked.sFolder, "C:\\Out");
+    EXPECT_EQ(asked.nTop, 150);
+    EXPECT_EQ(asked.nLeft, 300);
+    EXPECT_EQ(std::get<std::string>(profile), "ClientName=A\n");
+    EXPECT_EQ(arguments, (std::vector<Value>{std::string("C:\\Out\\"), std::int32_t{30}, std::int32_t{40}}));
+}
+
+TEST_F(Companions, TheProfileFormHasTheSignatureThatClientsRelyOn)
+{
+    registerAll();
+    BusClient client(sharedBus().address(), kCompanionsName);
+    const QString object = client.create(QStringLiteral("ZorvoTSR.Connect"));
+    const QDBusMessage wrong =
+        client.call(object, QStringLiteral("ZorvoTSR.Connect"), QStringLiteral("TreeSelectProfileDataForm"));
+    EXPECT_EQ(wrong.type(), QDBusMessage::ErrorMessage);
+    const auto members = membersFromXml(client.introspect(object), QStringLiteral("ZorvoTSR.Connect"));
+    ASSERT_TRUE(members);
+    const auto form = std::find_if(members->begin(), members->end(), [](const BusMember& member) {
+        return member.name == QLatin1String("TreeSelectProfileDataForm");
+    });
+    ASSERT_NE(form, members->end());
+    EXPECT_EQ(form->inSignature(), QStringLiteral("sii"));
+    QString out;
+    for (const BusArgument& argument : form->out)
+        out += argument.type;
+    EXPECT_EQ(out, QStringLiteral("ssii"));
+}
+
+TEST_F(Companions, AreKnownToTheOfficeByTheirLibrary)
+{
+    registerAll();
+    for (const RegisteredClass& registered : {kWordAddIn, kExcelAddIn}) {
+        const std::string sLibrary = text(std::string("CLSID\\") + registered.classId + "\\InprocServer32");
+        EXPECT_TRUE(QFile::exists(QString::fromStdString(sLibrary))) << sLibrary;
+    }
+    EXPECT_EQ(text(std::string("CLSID\\") + kActXManager.classId + "\\InprocServer32"), "absent");
+}
+
 TEST_F(Companions, ReferenceLocationIsAskedForByDispatchId)
 {
     int nAsked = 0;
     DBusClassServer server(QDBusConnection::sessionBus(), kCompanionsName,
-                           companionClasses([&] { ++nAsked; }), DBusClassServer::Attaching::attachable);
+                           companionClasses({.chooseLocation = [&] { ++nAsked; }, .askProfile = {}}),
+                           DBusClassServer::Attaching::attachable);
     ASSERT_TRUE(server.start());
     RegistryStore registry;
     registerCompanions(registry, COMPANIONS);

@@ -5,7 +5,9 @@
 #include "client/givenPath.h"
 #include "tests/client/CreateTest.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <filesystem>
 
@@ -36,7 +38,7 @@ TEST_F(CreateCommandTest, MakesADocumentOfTheCatalogueUnderAGeneratedName)
 {
     const Run run = createInOut({"AUDT/2007/Engagement Letter"});
     EXPECT_EQ(run.out, "Engagement Letter -> " + kOut + "LETTER.DOC\n");
-    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.err, "1 document: 1 created, 0 failed\n");
     EXPECT_EQ(run.nExit, 0);
     EXPECT_TRUE(made("LETTER.DOC"));
 }
@@ -96,7 +98,7 @@ TEST_F(CreateCommandTest, FailsWhatItCannotFindAndLosesNothingElse)
                        "AUQ/2007/Twice -> FAILED: 2 documents of AUQ 2007 have this name\n"
                        "Engagement Letter -> " +
                            kOut + "LETTER.DOC\n");
-    EXPECT_EQ(run.err, "4 of 5 documents failed\n");
+    EXPECT_EQ(run.err, "5 documents: 1 created, 4 failed\n");
     EXPECT_EQ(run.nExit, 1);
 }
 
@@ -287,6 +289,85 @@ TEST_F(CreateCommandTest, KeepsTheBarsOfASelectionThatIsNotQuoted)
     EXPECT_EQ(createInOut({"--selection", "C:\\Sel.xml"}).out, "A | B -> " + kOut + "LETTER.DOC\n");
 }
 
+TEST_F(CreateCommandTest, ReadsTheQuotedLineBehindAByteOrderMark)
+{
+    files->addFile("C:\\DFS_DFK.txt",
+                   "\xEF\xBB\xBF\"<Documents>" +
+                       selectionElement("A |quoted| title", "C:\\T\\AUDT\\2007\\Letter.dot") +
+                       "</Documents>\"\r\n");
+    EXPECT_EQ(createInOut({"--selection=C:\\DFS_DFK.txt"}).out,
+              "A \"quoted\" title -> " + kOut + "LETTER.DOC\n");
+}
+
+TEST_F(CreateCommandTest, HandsTheProfileOfAFileToTheAddIn)
+{
+    office->provideAddIn("ZorvoTSR.Connect");
+    office->provideAddIn("ZorvoTSR.ExcelConnect");
+    files->addFile("C:\\profile.txt", "\xEF\xBB\xBF# a client\r\n\r\nClientName = Fröhlich & Co = Söhne \r\n"
+                                      "PeriodEnd=\r\n");
+    const Run run =
+        createInOut({"--profile", "C:\\profile.txt", "AUDT/2007/Engagement Letter", "AUDT/2007/Time Budget"});
+    EXPECT_EQ(run.nExit, 0) << run.err;
+    const std::string sProfile = "\"ClientName=Fröhlich & Co = Söhne\nPeriodEnd=\n\"";
+    EXPECT_THAT(office->calls(), Contains("ZorvoTSR.Connect.StuffProperties <document> " + sProfile));
+    EXPECT_THAT(office->calls(), Contains("ZorvoTSR.ExcelConnect.StuffProperties <document> " + sProfile));
+    EXPECT_EQ(run.err, "2 documents: 2 created, 0 failed\n");
+}
+
+TEST_F(CreateCommandTest, TellsHowManyDocumentsAreWithoutTheProfile)
+{
+    office->provideAddIn("ZorvoTSR.Connect");
+    files->addFile("C:\\profile.txt", "ClientName=A");
+    const std::vector<std::string> order = {"--profile=C:\\profile.txt", "AUDT/2007/Engagement Letter",
+                                            "AUDT/2007/Time Budget"};
+    const Run run = createInOut(order);
+    EXPECT_EQ(run.nExit, 0);
+    EXPECT_EQ(run.err, "2 documents: 2 created, 0 failed, 1 without the profile data\n");
+    std::vector<std::string> json = order;
+    json.emplace_back("--json");
+    const QJsonArray documents = QJsonDocument::fromJson(QByteArray::fromStdString(createInOut(json).out))
+                                     .object()[QStringLiteral("documents")]
+                                     .toArray();
+    ASSERT_EQ(documents.size(), 2);
+    EXPECT_EQ(documents[0].toObject()[QStringLiteral("profile")], QJsonValue(true));
+    EXPECT_EQ(documents[1].toObject()[QStringLiteral("profile")], QJsonValue(false));
+}
+
+TEST_F(CreateCommandTest, FailsAtAProfileThatCannotBeReadAndMakesNothing)
+{
+    Run run = createInOut({"--profile", "C:\\gone.txt", "AUDT/2007/Engagement Letter"});
+    EXPECT_EQ(run.nExit, 1);
+    EXPECT_THAT(run.err, StartsWith("Error 53 - "));
+    const std::vector<std::pair<const char*, const char*>> faults = {
+        {"", "The profile holds no line key=value"},
+        {"# nothing\n\n", "The profile holds no line key=value"},
+        {"ClientName=A\nno pair\n", "Line 2 of the profile is not of the form key=value"},
+        {"\n\n = A", "Line 3 of the profile is not of the form key=value"},
+        {"ClientName=Fr\xF6hlich", "The profile is no text in UTF-8"},
+    };
+    for (const auto& [content, message] : faults) {
+        files->addFile("C:\\profile.txt", content);
+        run = createInOut({"--profile", "C:\\profile.txt", "AUDT/2007/Engagement Letter"});
+        EXPECT_EQ(run.nExit, 1) << content;
+        EXPECT_EQ(run.out, "") << content;
+        EXPECT_EQ(run.err, std::string("Error 13 - ") + message + "\n") << content;
+    }
+    EXPECT_FALSE(files->folderExists("C:\\Out"));
+    EXPECT_THAT(office->calls(), IsEmpty());
+}
+
+TEST_F(CreateCommandTest, ADocumentWhoseNameAppearsMeanwhileTakesTheNextOne)
+{
+    office->provideAddIn("ZorvoTSR.Connect").answer("StuffProperties", [&](std::vector<Value>&) {
+        files->addFile("C:\\Out\\LETTER.DOC", "another program's");
+        return Value();
+    });
+    const Run run = createInOut({"AUDT/2007/Engagement Letter"});
+    EXPECT_EQ(run.out, "Engagement Letter -> " + kOut + "LETTER_000.DOC\n");
+    EXPECT_EQ(files->content("C:\\Out\\LETTER.DOC"), "another program's");
+    EXPECT_TRUE(made("LETTER_000.DOC"));
+}
+
 TEST_F(CreateCommandTest, FailsAtASelectionThatIsMissingOrHoldsNothing)
 {
     Run run = createInOut({"--selection", "C:\\gone.xml"});
@@ -375,6 +456,8 @@ TEST_F(CreateCommandTest, RefusesWrongUsage)
         {"--to", "C:\\Out", "-x", "AUDT/2007/X"},
         {"--to", "C:\\Out", "AUDT/2007/X", "--company", ""},
         {"--to", "C:\\Out", "AUDT/2007/X", "--company"},
+        {"--to", "C:\\Out", "AUDT/2007/X", "--profile"},
+        {"--to", "C:\\Out", "AUDT/2007/X", "--profile="},
         {"--to", "C:\\Out", "AUDT/2007/X", "--json=yes"},
         {"--to", "C:\\Out", "AUDT/2007/X", "-"},
     };

@@ -2,6 +2,7 @@
 
 #include "creation/creationState.h"
 #include "tests/creation/CreationTest.h"
+#include "tests/fakes/RecordingLog.h"
 #include "window/clsMousePointer.h"
 #include "window/messageBox.h"
 
@@ -78,6 +79,7 @@ protected:
         OpenCreatedDocuments("C:\\Out\\", names, nEntries, window);
     }
 
+    RecordingLog log;
     RecordingBatchWindow window;
 };
 
@@ -186,6 +188,99 @@ TEST_F(ProcessMultiDocsTest, ANoticeSaysThatAnApplicationIsMissing)
     process(letter() + budget());
     EXPECT_FALSE(creationState().sMissingOffice.empty());
     EXPECT_EQ(window.sNotice, creationState().sMissingOffice);
+}
+
+TEST_F(ProcessMultiDocsTest, ANoticeSaysHowManyDocumentsAreWithoutTheProfileData)
+{
+    office->provideAddIn("ZorvoTSR.Connect");
+    DocumentBatch batch = batchOf(letter() + budget());
+    batch.sProfileData = "ClientName=A";
+    Process_Multi_Docs(batch, window);
+    EXPECT_EQ(window.sNotice, "1 of 2 documents was created without the profile data.");
+}
+
+TEST_F(ProcessMultiDocsTest, TheLogHasALineForEachFailure)
+{
+    office->provideAddIn("ZorvoTSR.Connect").answer("StuffProperties", [](std::vector<Value>&) -> Value {
+        throw RunTimeError(440, "No profile is open.");
+    });
+    office->fail("Word.ActiveDocument.SaveAs", kDiskFull, 1);
+    process(letter() + budget() + element("Gone", "C:\\T\\Gone.dot"));
+    EXPECT_THAT(
+        log.lines,
+        ElementsAre("TreeSupport.ProcessOneDoc Error 440 - No profile is open. (LETTER.DOC from "
+                    "C:\\T\\Letter.dot)",
+                    "TreeSupport.ProcessOneDoc Error 61 - Disk full (LETTER.DOC from C:\\T\\Letter.dot)",
+                    "TreeSupport.ProcessOneDoc Error 53 - File not found (C:\\T\\Gone.dot)"));
+}
+
+TEST_F(ProcessMultiDocsTest, TheLogHasOneLineForATemplateThatGaveNoDocument)
+{
+    office->fail("Word.Documents.Add", kPathOrFileAccess);
+    process(letter() + budget());
+    ASSERT_THAT(log.lines, SizeIs(1));
+    EXPECT_THAT(log.lines[0], testing::StartsWith("TreeSupport.ProcessOneDoc Error 75 - "));
+}
+
+TEST_F(ProcessMultiDocsTest, TheLogHasALineForEachDocumentWithoutItsApplication)
+{
+    office->bWordInstalled = false;
+    process(letter() + budget() + letter());
+    EXPECT_THAT(log.lines, testing::Each(HasSubstr("Error 429 - ")));
+    EXPECT_THAT(log.lines, SizeIs(2));
+}
+
+TEST_F(ProcessMultiDocsTest, ALogStaysEmptyOfDocumentsThatAreWhole)
+{
+    process(letter() + budget());
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(ProcessMultiDocsTest, ADocumentWhoseNameAppearsMeanwhileTakesTheNextOneAndItsEntry)
+{
+    office->provideAddIn("ZorvoTSR.Connect").answer("StuffProperties", [&](std::vector<Value>&) {
+        fakes.files->addFile("C:\\Out\\LETTER.DOC", "another program's");
+        return Value();
+    });
+    process(letter());
+    EXPECT_EQ(fakes.files->content("C:\\Out\\LETTER.DOC"), "another program's");
+    EXPECT_TRUE(fakes.files->fileExists("C:\\Out\\LETTER_000.DOC"));
+    EXPECT_THAT(window.calls, Contains("entry LETTER_000.DOC 8"));
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(ProcessMultiDocsTest, AWorkbookWhoseNameAppearsMeanwhileTakesTheNextOneToo)
+{
+    office->provideAddIn("ZorvoTSR.ExcelConnect").answer("StuffProperties", [&](std::vector<Value>&) {
+        fakes.files->addFile("C:\\Out\\BUDGET.XLS", "another program's");
+        return Value();
+    });
+    process(letter() + budget());
+    EXPECT_EQ(fakes.files->content("C:\\Out\\BUDGET.XLS"), "another program's");
+    EXPECT_THAT(window.calls, Contains("entry BUDGET_000.XLS 7"));
+}
+
+TEST_F(ProcessMultiDocsTest, ANameThatIsAlwaysTakenFailsTheDocument)
+{
+    office->fail("Word.ActiveDocument.SaveAs", kFileAlreadyExists);
+    process(letter() + budget());
+    EXPECT_THAT(window.sNotice, HasSubstr("1 of 2 documents could not be created completely."));
+    EXPECT_THAT(log.lines, SizeIs(1));
+}
+
+TEST_F(ProcessMultiDocsTest, WhenTheNumbersHaveRunOutTheLastNameIsSavedOver)
+{
+    fakes.files->addFile("C:\\Out\\LETTER.DOC", "mine");
+    for (int n = 0; n <= 999; ++n) {
+        const std::string sNumber = std::to_string(n);
+        fakes.files->addFile("C:\\Out\\LETTER_" + std::string(3 - sNumber.size(), '0') + sNumber + ".DOC",
+                             "mine");
+    }
+    process(letter() + budget());
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.CreateNewFileName"));
+    EXPECT_NE(fakes.files->content("C:\\Out\\LETTER_999.DOC"), "mine");
+    EXPECT_EQ(fakes.files->content("C:\\Out\\LETTER_998.DOC"), "mine");
+    EXPECT_FALSE(office->neverReplacesFiles());
 }
 
 TEST_F(ProcessMultiDocsTest, AnErrorInOneDocumentIsReportedAndTheBatchGoesOn)

@@ -27,7 +27,8 @@ constexpr const char* kRootElement =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<office:document xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
     "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
-    "xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\" office:version=\"1.2\" "
+    "xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\" "
+    "xmlns:meta=\"urn:oasis:names:tc:opendocument:xmlns:meta:1.0\" office:version=\"1.2\" "
     "office:mimetype=\"application/vnd.oasis.opendocument.";
 
 void write(const fs::path& file, const std::string& bytes)
@@ -84,6 +85,7 @@ TestDesk::TestDesk()
     unsetenv("WAYLAND_DISPLAY");
     installLinuxPlatform();
     makeTemplates();
+    makeClientTemplates();
     makeBrokenTemplates();
     registerAddIn();
 }
@@ -113,6 +115,29 @@ void TestDesk::makeTemplates()
               "</office:document>");
     convert(root_, sheet, "xlt:MS Excel 97 Vorlage/Template", templates());
     fs::rename(templates() / "budget.xlt", templates() / "BUDGET.XLT");
+}
+
+void TestDesk::makeClientTemplates() const
+{
+    const std::string sProperty = "<office:meta><meta:user-defined meta:name=\"ClientName\">[Client]"
+                                  "</meta:user-defined></office:meta>";
+    const fs::path text = root_ / "client.fodt";
+    write(text, std::string(kRootElement) + "text\">" + sProperty +
+                    "<office:body><office:text><text:p>For <text:user-defined text:name=\"ClientName\">"
+                    "[Client]</text:user-defined></text:p></office:text></office:body></office:document>");
+    convert(root_, text, "dot:MS Word 97 Vorlage", templates());
+    fs::rename(templates() / "client.dot", templates() / "CLIENT.DOT");
+    const fs::path sheet = root_ / "client.fods";
+    write(sheet,
+          std::string(kRootElement) + "spreadsheet\">" + sProperty +
+              "<office:body><office:spreadsheet><table:table table:name=\"Budget\"><table:table-row>"
+              "<table:table-cell office:value-type=\"string\"><text:p>[Client]</text:p></table:table-cell>"
+              "</table:table-row></table:table><table:named-expressions><table:named-range "
+              "table:name=\"ClientName\" table:base-cell-address=\"$Budget.$A$1\" "
+              "table:cell-range-address=\"$Budget.$A$1\"/></table:named-expressions>"
+              "</office:spreadsheet></office:body></office:document>");
+    convert(root_, sheet, "xlt:MS Excel 97 Vorlage/Template", templates());
+    fs::rename(templates() / "client.xlt", templates() / "CLIENT.XLT");
 }
 
 void TestDesk::makeBrokenTemplates() const
@@ -236,6 +261,14 @@ std::string textOf(const fs::path& file)
     const bool bSheet = endsWithNoCase(file.string(), ".xls");
     convert(TestDesk::instance().root(), file, bSheet ? "csv" : "txt:Text (encoded):UTF8", folder);
     return bytesOf(folder / file.filename().replace_extension(bSheet ? ".csv" : ".txt"));
+}
+
+std::string flatXmlOf(const fs::path& file)
+{
+    const fs::path folder = TestDesk::instance().newFolder();
+    const std::string sFormat = endsWithNoCase(file.string(), ".xls") ? "fods" : "fodt";
+    convert(TestDesk::instance().root(), file, sFormat, folder);
+    return bytesOf(folder / file.filename().replace_extension("." + sFormat));
 }
 
 ScopedVariable::ScopedVariable(const char* name, const std::string& value)

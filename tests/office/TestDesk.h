@@ -19,13 +19,15 @@ public:
     TestDesk& operator=(const TestDesk&) = delete;
 
     const std::filesystem::path& root() const { return root_; }
-    /// "LETTER.DOT" and "BUDGET.XLT" lie here, and broken ones beside them.
+    /// "LETTER.DOT" and "BUDGET.XLT" lie here, "CLIENT.DOT" and "CLIENT.XLT" that show the document property
+    /// ClientName, and broken ones beside them.
     std::filesystem::path templates() const { return root_ / "Templates"; }
     /// A new empty folder.
     std::filesystem::path newFolder();
 
 private:
     void makeTemplates();
+    void makeClientTemplates() const;
     void makeBrokenTemplates() const;
     void registerAddIn() const;
 
@@ -46,6 +48,9 @@ void writeWordTemplate(const std::filesystem::path& file, const std::vector<std:
 std::string richTextOf(const std::vector<std::string>& lines);
 /// The text of a document of any format, as the office itself reads it.
 std::string textOf(const std::filesystem::path& file);
+
+/// The document as the office writes it in one flat XML file, properties included.
+std::string flatXmlOf(const std::filesystem::path& file);
 
 /// An environment variable as long as this lives.
 class ScopedVariable {

@@ -1,6 +1,7 @@
 #include "shell/ReportError.h"
 
 #include "base/failure.h"
+#include "base/failureLog.h"
 #include "base/sessionState.h"
 #include "branding/companyIdentity.h"
 #include "branding/xmlCaptionLoaderManager.h"
@@ -44,6 +45,7 @@ protected:
     {
         setMessageBoxHandler(handlerBefore_);
         setFailureReporter(reporterBefore_);
+        setFailureLog({});
         setScreenPointer(0);
         sessionState() = SessionState();
         captionState() = CaptionState();
@@ -80,6 +82,13 @@ private:
     FailureReporter reporterBefore_;
     MessageBoxHandler handlerBefore_;
 };
+
+TEST_F(ReportErrorTest, AFailureForTheLogAloneIsALineThereAndNoBox)
+{
+    LogFailure("TreeSupport.ProcessOneDoc Error 61 - Disk full");
+    EXPECT_EQ(logged(), "TreeSupport.ProcessOneDoc Error 61 - Disk full");
+    EXPECT_TRUE(boxes.empty());
+}
 
 TEST_F(ReportErrorTest, ATagStandsInTheLogAndInTheTitleBesideTheRawError)
 {

@@ -5,12 +5,25 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/linux/office/OfficeAddInObject.h"
+#include "platform/linux/office/addInLibrary.h"
 
 #include <cstdlib>
 
 namespace zorvo {
 
 namespace {
+
+/// One that is an extension of the office comes ahead of one that the registry names.
+int addInOf(OfficeSession& session, const std::string& sProgId)
+{
+    const int nAddIn =
+        session.ask<int>([sProgId](OfficeConnection& office) { return office.addIn(sProgId); });
+    const std::string library = nAddIn == 0 ? addInLibraryOf(sProgId) : std::string();
+    if (library.empty())
+        return nAddIn;
+    return session.ask<int>(
+        [sProgId, library](OfficeConnection& office) { return office.addInFrom(library, sProgId); });
+}
 
 std::string versionOf(const char* variable, const std::string& otherwise)
 {
@@ -75,9 +88,7 @@ LateBoundPtr ApplicationCore::comAddIn(const std::string& sProgId)
     mustRun();
     const auto session = bVisible_ ? sessions_->runningUserSession() : sessions_->runningPrivateSession();
     // An add-in lives in a running office; without one there is nothing it could work on.
-    const int nAddIn =
-        session ? session->ask<int>([sProgId](OfficeConnection& office) { return office.addIn(sProgId); })
-                : 0;
+    const int nAddIn = session ? addInOf(*session, sProgId) : 0;
     if (nAddIn == 0)
         throw RunTimeError(kCannotCreateObject, "The office has no add-in \"" + sProgId + "\".");
     return std::make_shared<OfficeAddInObject>(session, nAddIn);

@@ -59,10 +59,18 @@ bool DocumentCore::isOpen() const
 
 DocumentCore::Loaded DocumentCore::loadInOwnOffice() const
 {
-    Loaded loaded{.session = sessions_->privateSession(user_, origin_.kind)};
     const OfficeLoad what = request(origin_.kind, sNativeFile_, origin_.bAsTemplate, false);
-    loaded.nDocument =
-        loaded.session->ask<int>([what](OfficeConnection& office) { return office.load(what); });
+    const auto load = [what](OfficeConnection& office) { return office.load(what); };
+    Loaded loaded{.session = sessions_->privateSession(user_, origin_.kind)};
+    try {
+        loaded.nDocument = loaded.session->ask<int>(load);
+    } catch (const RunTimeError&) {
+        if (!loaded.session->hasCrashed())
+            throw;
+        // Nothing is lost yet, and most likely it died since the last document: once more, in a new office.
+        loaded.session = sessions_->privateSession(user_, origin_.kind);
+        loaded.nDocument = loaded.session->ask<int>(load);
+    }
     return loaded;
 }
 

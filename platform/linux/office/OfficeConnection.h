@@ -114,6 +114,9 @@ public:
 
     /// The number of the component of that name inside the office, 0 when there is none.
     virtual int addIn(const std::string& name) = 0;
+    /// The same after the office has loaded the component from a library, where it is an implementation of
+    /// that name; it stays loaded as long as the office runs. 0 when the library can't be loaded.
+    virtual int addInFrom(const std::string& library, const std::string& name) = 0;
     /// Documents among the arguments are OfficeDocumentHandle; what comes back by reference is put there.
     virtual Value invoke(int nAddIn, const std::string& member, std::vector<Value>& arguments) = 0;
     virtual void forgetAddIn(int nAddIn) = 0;

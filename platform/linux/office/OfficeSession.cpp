@@ -74,6 +74,7 @@ void OfficeSession::start()
     bStarted_ = true;
     try {
         runWithin([line = line_] { meet(*line); }, manners_->longestStart);
+        bMet_ = true;
         // What was loaded meanwhile has put its own clean-up on the process's list; ours has to run ahead of
         // it.
         std::atexit(endAllOfficeSessions);
@@ -128,9 +129,13 @@ void OfficeSession::end()
 void OfficeSession::throwMeaning(const OfficeFailure& failure)
 {
     switch (failure.kind()) {
-    case OfficeFailure::Kind::lost:
+    case OfficeFailure::Kind::lost: {
+        bCrashed_ = bMet_;
+        // Ahead of the end, which makes an end of its own of a crash.
+        const std::string sText = line_->gate->crashText();
         end();
-        throw RunTimeError(kOfficeDoesNotAnswer, line_->gate->crashText());
+        throw RunTimeError(kOfficeDoesNotAnswer, sText);
+    }
     case OfficeFailure::Kind::noDocument:
         throw RunTimeError(kObjectRequired, "The document has been closed.");
     case OfficeFailure::Kind::noMember:

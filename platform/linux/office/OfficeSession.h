@@ -44,6 +44,8 @@ public:
 
     bool isRunning() const { return bStarted_ && !bDead_; }
     bool isDead() const { return bDead_; }
+    /// It was up and went by itself; one that hangs or never came up hasn't.
+    bool hasCrashed() const { return bCrashed_; }
 
     /// How many documents its users hold open in it.
     int documents() const { return nDocuments_; }
@@ -72,6 +74,8 @@ private:
     bool bStarted_ = false;
     bool bDead_ = false;
     bool bEnded_ = false;
+    bool bMet_ = false;
+    bool bCrashed_ = false;
     int nDocuments_ = 0;
     OfficeThread thread_;
 };

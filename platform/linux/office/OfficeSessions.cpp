@@ -43,7 +43,7 @@ std::shared_ptr<OfficeSession> OfficeSessions::privateSession(const void* user, 
     const OfficeInstallation office = findOffice(kind);
     if (bEnded_)
         throw RunTimeError(kOfficeDoesNotAnswer, "The program has parted with the office.");
-    if (private_ && (private_->isDead() || isOvergrown()))
+    if (private_ && (private_->isDead() || privateOffice_->hasCrashed() || isOvergrown()))
         endPrivateSession();
     if (!private_) {
         privateOffice_ = std::make_shared<PrivateOffice>(office);

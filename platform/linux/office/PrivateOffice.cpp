@@ -17,6 +17,9 @@ namespace {
 constexpr int kStartAgain = 81;
 constexpr int kMostStarts = 3;
 constexpr std::chrono::milliseconds kPause{5};
+constexpr std::chrono::milliseconds kLongestDying{300};
+/// An exit code beyond it is this and the number of the signal.
+constexpr int kSignals = 128;
 
 std::string newPipeName()
 {
@@ -42,6 +45,7 @@ std::unique_ptr<OfficeConnection> PrivateOffice::connect()
     while (!bClosed_) {
         if (auto connection = connector.connect(office_.sProgramFolder, pipe_)) {
             profile_.noteSockets(socketsOf(process_.pid()));
+            bConnected_ = true;
             return connection;
         }
         mindExit();
@@ -70,7 +74,18 @@ void PrivateOffice::close()
 
 std::string PrivateOffice::crashText() const
 {
-    return "LibreOffice has ended unexpectedly. It will be started again for the next document.";
+    // The connection goes a little ahead of the process.
+    const auto end = std::chrono::steady_clock::now() + kLongestDying;
+    std::optional<int> code = process_.exitCode();
+    while (!code && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kPause);
+        code = process_.exitCode();
+    }
+    std::string sHow;
+    if (code)
+        sHow = *code > kSignals ? " (signal " + std::to_string(*code - kSignals) + ")"
+                                : " (code " + std::to_string(*code) + ")";
+    return "LibreOffice has ended unexpectedly" + sHow + ". It will be started again for the next document.";
 }
 
 std::string PrivateOffice::hangText() const

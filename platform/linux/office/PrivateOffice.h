@@ -19,6 +19,9 @@ public:
     std::string crashText() const override;
     std::string hangText() const override;
 
+    /// It was up, and is no more.
+    bool hasCrashed() { return bConnected_ && process_.exitCode().has_value(); }
+
     /// Bytes of memory it holds now.
     std::uint64_t memory() const { return process_.residentMemory(); }
 
@@ -29,8 +32,9 @@ private:
     OfficeInstallation office_;
     std::string pipe_;
     PrivateProfile profile_;
-    OfficeProcess process_;
+    mutable OfficeProcess process_; // asking for its exit code takes the code from the system
     std::atomic<bool> bClosed_ = false;
+    std::atomic<bool> bConnected_ = false;
     int nStarts_ = 0;
 };
 

@@ -9,9 +9,11 @@
 #include <com/sun/star/bridge/XBridgeFactory.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/connection/XConnector.hpp>
+#include <com/sun/star/container/XSet.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
+#include <com/sun/star/loader/XImplementationLoader.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 
@@ -305,6 +307,25 @@ int UnoConnection::addIn(const std::string& name)
         return 0;
     addIns_[++nLast_] = found;
     return nLast_;
+}
+
+int UnoConnection::addInFrom(const std::string& library, const std::string& name)
+{
+    using Kind = OfficeFailure::Kind;
+    try {
+        guarded([&] {
+            const Reference<css::loader::XImplementationLoader> loader(
+                factory_->createInstanceWithContext("com.sun.star.loader.SharedLibrary", context_),
+                UNO_QUERY_THROW);
+            const auto component = loader->activate(unoText(name), "", fileAddress(library), {});
+            Reference<css::container::XSet>(factory_, UNO_QUERY_THROW)->insert(css::uno::Any(component));
+        });
+    } catch (const OfficeFailure& failure) { // no such library, or it doesn't have the component
+        if (failure.kind() == Kind::lost)
+            throw;
+        return 0;
+    }
+    return addIn(name);
 }
 
 Value UnoConnection::invoke(int nAddIn, const std::string& member, std::vector<Value>& arguments)

@@ -53,6 +53,7 @@ public:
     bool isWithinTable(int nDocument) override;
     bool deleteForward(int nDocument) override;
     int addIn(const std::string& name) override;
+    int addInFrom(const std::string& library, const std::string& name) override;
     Value invoke(int nAddIn, const std::string& member, std::vector<Value>& arguments) override;
     void forgetAddIn(int nAddIn) override;
     void breakOff() noexcept override;
