@@ -135,8 +135,8 @@ private:
     {
         sText_ += "<Document Guid=\"" + guid() + "\">\n<Name>" + numbered("Working paper ", n) +
                   "</Name>\n<File>" + numbered("Paper", n) + (n % 3 == 2 ? ".xlt" : ".dot") +
-                  "</File>\n<Desc>What this working paper is for, when it is filled in, and who signs "
-                  "it &amp; files it.</Desc>\n</Document>\n";
+                  "</File>\n<Desc>" + numbered("What working paper ", n) +
+                  " is for, when it is filled in, and who signs it &amp; files it.</Desc>\n</Document>\n";
         ++machine_.nDocuments;
     }
 
