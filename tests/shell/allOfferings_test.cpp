@@ -22,6 +22,12 @@ protected:
         platform().pages = engine;
         for (const char* sCode : {"AUD", "SablewoodLibrary"})
             fakes.files->addFile(std::string("C:\\Zorvo\\TreeData\\HTML\\") + sCode + ".htm", "page");
+        fakes.files->addFile(
+            "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+            R"(<ZorvoTree Version="3"><ProductTreeGroup TreeTitle="Tessora" TreeTitleShort="T"
+ IconLarge="T.ico" IconSmall="T.ico"><Acronymn numProdClassID="301" Name="Audits">AUD</Acronymn>
+    <Acronymn numProdClassID="302" Name="Not here">SablewoodLibrary</Acronymn>
+    <Acronymn numProdClassID="303" Name="No page">NIX</Acronymn></ProductTreeGroup></ZorvoTree>)");
     }
 
     /// Presses the tool, and while the form is up runs `look` and then presses OK.
@@ -35,8 +41,9 @@ protected:
                     offerings = window;
             }
             ASSERT_NE(offerings, nullptr);
-            ASSERT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
-            look(*offerings);
+            EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
+            if (!engine->navigated.empty())
+                look(*offerings);
             offerings->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
         });
         form().findChild<QAction*>(QStringLiteral("ID_ALLBRENDLEOFFERINGS"))->trigger();
@@ -47,11 +54,6 @@ protected:
 
 TEST_F(AllOfferings, TheToolShowsWhatHasAPageWhetherItIsInstalledOrNot)
 {
-    fakes.files->addFile("C:\\Zorvo\\TreeData\\TreeOrder.xml",
-                         R"(<ZorvoTree Version="3"><ProductTreeGroup TreeTitle="Tessora" TreeTitleShort="T"
- IconLarge="T.ico" IconSmall="T.ico"><Acronymn numProdClassID="301" Name="Audits">AUD</Acronymn>
-<Acronymn numProdClassID="302" Name="Not here">SablewoodLibrary</Acronymn>
-<Acronymn numProdClassID="303" Name="No page">NIX</Acronymn></ProductTreeGroup></ZorvoTree>)");
     shownForm();
     std::vector<std::string> keys;
     bool bModal = false;
