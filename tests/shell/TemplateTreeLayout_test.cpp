@@ -172,9 +172,10 @@ TEST_F(TemplateTreeLayout, TabGoesFromToolsToListBarTreeAndLink)
             break;
     }
     // The disabled New Document is left out; the search has a library product to work on.
-    EXPECT_THAT(order, ElementsAre("linkContactUs", "ID_SEARCHSABLEWOODLIBRARY", "ID_SEARCHTREE", "ID_EXPAND",
-                                   "ID_COLLAPSE", "ID_EXCEL", "ID_WORD", "ID_BRENDLEHELP", "Tessora",
-                                   "Sablewood Libraries", "Zorvonet", "TreeView1"));
+    EXPECT_THAT(order,
+                ElementsAre("linkContactUs", "ID_SEARCHSABLEWOODLIBRARY", "ID_SEARCHTREE", "ID_EXPAND",
+                            "ID_COLLAPSE", "ID_ALLBRENDLEOFFERINGS", "ID_EXCEL", "ID_WORD", "ID_BRENDLEHELP",
+                            "Tessora", "Sablewood Libraries", "Zorvonet", "TreeView1"));
 }
 
 TEST_F(TemplateTreeLayout, ALongDescriptionIsScrolledByKeyboardBehindTheLink)
