@@ -1,11 +1,20 @@
 #include "bench/screenColour.h"
 #include "catalogue/forms/frmAllProducts.h"
+#include "platform/ObjectService.h"
+#include "platform/Office.h"
 #include "platform/Platform.h"
+#include "platform/linux/DBusObjectCreator.h"
+#include "platform/linux/DBusObjectService.h"
+#include "platform/linux/LibreOffice.h"
 #include "platform/linux/PageProcess.h"
 #include "platform/linux/environmentFolders.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
+#include "shell/ShellForms.h"
+#include "shell/automationClasses.h"
 #include "shell/forms/QtShellForms.h"
+#include "shell/shellState.h"
+#include "window/Form.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -30,11 +39,18 @@ int main(int argc, char** argv)
 {
     using namespace zorvo;
     QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
     installLinuxPlatform();
+    platform().objects = std::make_shared<DBusObjectCreator>(platform().registry);
+    platform().service = std::make_shared<DBusObjectService>();
+    platform().office = makeLibreOffice();
     platform().pages = std::make_shared<PageProcesses>(DosPaths(userDataFolder()));
     installErrorReporter();
     installQtForms();
-    QTimer::singleShot(0, &application, [] {
+    platform().service->start(automationClasses(), [] { return Form::loadedForms() > 0; });
+    shellState().forms->showMainForm();
+    constexpr int kUntilIdleMs = 1000;
+    QTimer::singleShot(kUntilIdleMs, &application, [] {
         std::puts("ready");
         std::fflush(stdout);
         endWhenPainted(middleOfPage);

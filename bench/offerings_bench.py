@@ -74,7 +74,7 @@ def main():
             form.append(run([BUILD + "/bin/bench_offerings"], green, "ready")[0])
         starts = {"bench_start": [], "bench_start_without": []}
         memory = {"bench_start": [], "bench_start_without": []}
-        for _ in range(21):
+        for _ in range(41):
             for name, values in starts.items():
                 values.append(run([BUILD + "/bin/" + name, "program"], env)[0])
         for _ in range(5):

@@ -158,7 +158,7 @@ void PageHost::takeFocus(const std::string& sWhere)
     if (sWhere != "same")
         enter_ = sWhere == "first" ? Qt::TabFocusReason : Qt::BacktabFocusReason;
     selectKeys(*this, true);
-    windowHandle()->requestActivate();
+    takeKeyboard(*this);
     if (bHasFocus_)
         enter();
 }
@@ -187,13 +187,19 @@ void PageHost::followFocus()
 
 bool PageHost::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress)
+    // The engine also makes up keys for its own ends.
+    const bool bKey = event->type() == QEvent::KeyPress && event->spontaneous();
+    const bool bClick = event->type() == QEvent::MouseButtonPress && event->spontaneous();
+    if (bKey || bClick)
         page_->userActed();
-    const int nKey = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    // Qt takes a window within another's for the one with the keyboard as soon as it is clicked at.
+    if (bClick)
+        takeKeyboard(*this);
+    const int nKey = bKey ? static_cast<QKeyEvent*>(event)->key() : 0;
     if (nKey == Qt::Key_Tab || nKey == Qt::Key_Backtab)
         view_->tabPressed();
     // The way out of a page for who has no mouse.
-    if (nKey == Qt::Key_Escape && watched->isWidgetType()) {
+    if (nKey == Qt::Key_Escape) {
         write(pageProtocol::line(pageProtocol::kLeave, "previous"));
         return true;
     }

@@ -9,12 +9,32 @@
 
 namespace zorvo {
 
-void selectKeys(const QWidget& window, bool bSelected)
+namespace {
+
+/// Null where no X server is.
+xcb_connection_t* server()
 {
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection())
+    return x11 ? x11->connection() : nullptr;
+}
+
+} // namespace
+
+void takeKeyboard(const QWidget& window)
+{
+    xcb_connection_t* connection = server();
+    if (!connection)
         return;
-    xcb_connection_t* connection = x11->connection();
+    xcb_set_input_focus(connection, XCB_INPUT_FOCUS_PARENT, static_cast<xcb_window_t>(window.internalWinId()),
+                        XCB_CURRENT_TIME);
+    xcb_flush(connection);
+}
+
+void selectKeys(const QWidget& window, bool bSelected)
+{
+    xcb_connection_t* connection = server();
+    if (!connection)
+        return;
     const auto id = static_cast<xcb_window_t>(window.internalWinId());
     const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> attributes(
         xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, id), nullptr),

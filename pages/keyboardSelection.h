@@ -8,4 +8,8 @@ namespace zorvo {
 /// keyboard: without the keyboard our window must not ask for them.
 void selectKeys(const QWidget& window, bool bSelected);
 
+/// A window within another's gets the keyboard when it takes it itself: the desktop knows the outer one
+/// alone.
+void takeKeyboard(const QWidget& window);
+
 } // namespace zorvo

@@ -9,11 +9,31 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QStackedLayout>
 #include <QTimer>
+#include <QWindow>
+
+#include <xcb/xcb.h>
 
 namespace zorvo {
+
+namespace {
+
+/// The desktop gives the keyboard to a window that comes to the front; from a page within the window that is
+/// in front already, the window must take it itself.
+void takeKeyboard(const QWidget& window)
+{
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11 || !x11->connection())
+        return;
+    xcb_set_input_focus(x11->connection(), XCB_INPUT_FOCUS_PARENT,
+                        static_cast<xcb_window_t>(window.internalWinId()), XCB_CURRENT_TIME);
+    xcb_flush(x11->connection());
+}
+
+} // namespace
 
 PageView::PageView(const char* name, QWidget* parent)
     : QFrame(parent)
@@ -116,6 +136,9 @@ bool PageView::eventFilter(QObject* watched, QEvent* event)
     if (page_ && watched == window() &&
         (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked))
         page_->setBlocked(event->type() == QEvent::WindowBlocked);
+    // A click beside the page.
+    if (bPageHasFocus_ && event->type() == QEvent::MouseButtonPress && watched == window()->windowHandle())
+        takeKeyboard(*window());
     return QFrame::eventFilter(watched, event);
 }
 
@@ -147,8 +170,11 @@ void PageView::pageStopped()
 void PageView::pageFocusChanged(bool bHasFocus)
 {
     bPageHasFocus_ = bHasFocus;
-    if (bHasFocus)
+    if (bHasFocus) {
         setFocus(Qt::OtherFocusReason);
+        if (window()->windowHandle())
+            window()->windowHandle()->installEventFilter(this);
+    }
     if (auto* form = qobject_cast<Form*>(window()))
         form->setPageHasFocus(bHasFocus);
 }
@@ -156,6 +182,7 @@ void PageView::pageFocusChanged(bool bHasFocus)
 void PageView::pageLeft(bool bForward)
 {
     window()->activateWindow();
+    takeKeyboard(*window());
     focusNextPrevChild(bForward);
 }
 

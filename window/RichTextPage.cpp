@@ -4,9 +4,11 @@
 #include "base/text.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "window/spacing.h"
 
 #include <QImage>
 #include <QStringDecoder>
+#include <QTextDocument>
 #include <QTimer>
 
 namespace zorvo {
@@ -35,6 +37,7 @@ RichTextPage::RichTextPage(QWidget* parent)
 {
     setOpenLinks(false);
     setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(kFormMargin);
     connect(this, &QTextBrowser::anchorClicked, this, &RichTextPage::follow);
 }
 

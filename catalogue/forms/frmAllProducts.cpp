@@ -20,10 +20,12 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace zorvo {
 
@@ -165,9 +167,17 @@ void frmAllProducts::selectFirstOffering()
 
 void frmAllProducts::onActivate()
 {
+    // Our own message isn't another window: the page that failed would be asked for again, and fail again.
+    if (std::exchange(bMessageInFront_, false))
+        return;
     if (const TreeNode* node = ssTreeZorvoBrendle_->nodes().selectedNode())
         ShowNodePage(node->key());
     mbActive_ = true;
+}
+
+void frmAllProducts::onDeactivate()
+{
+    bMessageInFront_ = bTelling_;
 }
 
 void frmAllProducts::onUnload()
@@ -251,6 +261,7 @@ void frmAllProducts::navigationFailed(const std::string& sAddress)
         return;
     // No page will come that would clear the pointer.
     goMousePointer().ClearMousePointer();
+    const QScopedValueRollback telling(bTelling_, true);
     // The quotes don't match; users know the message by them.
     BrandedMsgBox("Can't connect to '\r\n\r\n" + sAddress +
                   "\"\r\n\r\nEnsure you have a connection to the internet and try again later.");

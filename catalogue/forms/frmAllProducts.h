@@ -28,6 +28,7 @@ public:
 protected:
     void onLoad() override;
     void onActivate() override;
+    void onDeactivate() override;
     void onUnload() override;
     bool onKeyDown(int key, Qt::KeyboardModifiers modifiers) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -50,6 +51,9 @@ private:
     std::string msCurrentURL_;
     bool mbTreeFocused_ = false;
     bool mbActive_ = false;
+    /// The message of a failure is up, or has just gone: the form comes to the front again behind it.
+    bool bTelling_ = false;
+    bool bMessageInFront_ = false;
 
     /// Holds all controls, and doesn't follow a form that has become too small for them.
     QWidget* contents_;

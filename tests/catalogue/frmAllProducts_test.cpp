@@ -397,6 +397,28 @@ TEST_F(OfferingsForm, AnotherActivationShowsTheSelectedNodesPageAgain)
     EXPECT_THAT(engine->navigated, ElementsAre(offline("REV")));
 }
 
+TEST_F(OfferingsForm, TheMessageOfAFailureIsNoOtherWindow)
+{
+    openToFirstPage();
+    QWidget box; // stands for the real one
+    messages.whileBoxIsUp = [&] {
+        box.show();
+        box.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 2000));
+    };
+    engine->listener->pageFailed(offline("AUD"));
+    box.hide();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form->isActiveWindow(); }, 2000));
+    EXPECT_THAT(engine->navigated, IsEmpty()) << "it would fail again, and again";
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, 2000));
+    form->activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return engine->navigated.size() == 1; }, 2000));
+}
+
 TEST_F(OfferingsForm, SearchOpensTheReportMaximisedAndLetsGoOfTheOffice)
 {
     int nReleased = 0;

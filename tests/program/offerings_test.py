@@ -163,6 +163,12 @@ class OfferingsTest(unittest.TestCase):
         subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
                         "click", "1"], env=session.env, check=True)
 
+    def tree_item(self, name):
+        for node in descendants(control(self.window, "ssTreeZorvoBrendle")):
+            if node.get_name() == name:
+                return node
+        raise AssertionError("no node " + name)
+
     def caption(self):
         box = control(self.window, "chkConnectToWeb")
         box.clear_cache()
@@ -296,12 +302,6 @@ class Web(OfferingsTest):
         self.click(self.tree_item("Agricultural Cooperatives"))
         self.wait_for_page("Web page of class 312")
 
-    def tree_item(self, name):
-        for node in descendants(control(self.window, "ssTreeZorvoBrendle")):
-            if node.get_name() == name:
-                return node
-        raise AssertionError("no node " + name)
-
     def fails(self, home_page, seconds=15):
         """Connecting to a site there gives the message and leaves the boxes as they are."""
         self.make_program(home_page)
@@ -389,6 +389,7 @@ class Processes(OfferingsTest):
 class Keyboard(OfferingsTest):
     def test_it_enters_the_page_walks_its_links_and_comes_out(self):
         self.open()
+        self.rest_mouse_beside()
         session.key("Tab")
         wait_for("the first link to have the keyboard", lambda: self.focused_link() == "Audit Engagements")
         session.key("Return")
@@ -398,6 +399,27 @@ class Keyboard(OfferingsTest):
                  lambda: self.has_focus(control(self.window, "ssTreeZorvoBrendle")))
         session.key("Down")
         self.wait_for_page("Web page of class 312")
+
+    def test_a_click_gives_the_page_the_keyboard_and_one_beside_takes_it_back(self):
+        with open(session.folder + "/program/TreeData/HTML/CTRT.htm", "a", encoding="utf-8") as file:
+            file.write('<form><input aria-label="Name" autocomplete="off"></form>')
+        self.open()
+        field = wait_for("the field", lambda: next((n for n in descendants(self.page()) if n.get_name() == "Name"), None))
+        self.click(field)
+        self.rest_mouse_beside()
+        session.key("a", "b")
+        wait_for("what was typed", lambda: (field.clear_cache(), self.text_of(field))[1] == "ab")
+        self.click(self.tree_item("Construction Contractors"))
+        session.key("Down")
+        self.wait_for_page("Agricultural Cooperatives")
+
+    def text_of(self, accessible):
+        return Atspi.Text.get_text(accessible.get_text_iface(), 0, -1)
+
+    def rest_mouse_beside(self):
+        place = control(self.window, "chkUseBrowser").get_extents(Atspi.CoordType.SCREEN)
+        subprocess.run(["xdotool", "mousemove", str(place.x + 2 * place.width), str(place.y)], env=session.env,
+                       check=True)
 
     def test_behind_the_last_link_comes_the_next_control(self):
         self.open()
