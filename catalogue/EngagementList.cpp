@@ -67,7 +67,8 @@ void EngagementList::addRows(const XmlNode& product)
     // A year's own document counts alone, even when it has no entry for that year.
     const XmlDocument objSource = bFileExists(sOwnFile) ? loadXmlFile(sOwnFile) : objGeneralDoc_;
     for (const XmlNode& engagement : objSource.selectNodes(engagementPath(sProductKey, sVersion))) {
-        std::string sKey = sProductKey + ";" + sVersion;
+        std::string sKey = sProductKey;
+        sKey.append(";").append(sVersion);
         if (const auto sPackage = engagement.attributeIfAny("package"))
             sKey.append(";").append(*sPackage);
         texts_.push_back(firstContent(engagement).text());
