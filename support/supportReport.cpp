@@ -126,7 +126,7 @@ void composeReport(std::string& sReport)
 
 std::string WriteSupportReport()
 {
-    const std::string sReportPath = supportFolder(true) + GetCompanyID() + "SysOut.txt";
+    std::string sReportPath = supportFolder(true) + GetCompanyID() + "SysOut.txt";
     Files& files = *platform().files;
     files.write(sReportPath,
                 {}); // a report that can't be written ends here, before anything is loaded for it

@@ -9,9 +9,9 @@ namespace zorvo {
 
 std::string GetVersionText()
 {
-    const std::string sText = "Version " + std::to_string(kProgramVersion.nMajor) + "." +
-                              std::to_string(kProgramVersion.nMinor) + ".0." +
-                              std::to_string(kProgramVersion.nRevision);
+    std::string sText = "Version " + std::to_string(kProgramVersion.nMajor) + "." +
+                        std::to_string(kProgramVersion.nMinor) + ".0." +
+                        std::to_string(kProgramVersion.nRevision);
     try {
         platform().settings->set("ZorvoBrendle", "Settings", "Version", sText);
     } catch (const RunTimeError&) { // the help desk's copy is a convenience
