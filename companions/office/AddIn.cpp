@@ -47,8 +47,8 @@ OfficeDocumentModel documentIn(const AddIn::Arguments& arguments)
 
 } // namespace
 
-AddIn::AddIn(OUString name)
-    : name_(std::move(name))
+AddIn::AddIn(const OUString& name)
+    : name_(name)
 {
 }
 

@@ -22,7 +22,7 @@ public:
     using Arguments = com::sun::star::uno::Sequence<Any>;
 
     /// `name` is its ProgID.
-    explicit AddIn(rtl::OUString name);
+    explicit AddIn(const rtl::OUString& name);
 
     com::sun::star::uno::Reference<com::sun::star::beans::XIntrospectionAccess>
         SAL_CALL getIntrospection() override;
