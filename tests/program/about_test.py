@@ -178,6 +178,7 @@ class Support(ProgramTest):
         message = session.box()
         self.assertEqual(message.get_name(), "Zorvo's Brendle:  frmAbout.cmdSupport_Click")
         session.key("Return")
+        session.active_window("frmAbout")
         self.end(client, box)
         with open(self.support_file("Brendle.err"), "rb") as file:
             self.assertRegex(file.read().decode(), r" frmAbout\.cmdSupport_Click Error 53 - [^\r\n]+\r\n$")
