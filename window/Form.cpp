@@ -93,6 +93,10 @@ Form::~Form()
     leaveModalLoop();
     if (bLoaded_)
         endLoaded();
+    // Controls go after this, and still speak: the focused one gives the keyboard up. What a derived form
+    // connected them to is no more.
+    for (QObject* each : findChildren<QObject*>())
+        each->disconnect(this);
 }
 
 void Form::load()

@@ -59,8 +59,6 @@ frmAllProducts::frmAllProducts()
 
 frmAllProducts::~frmAllProducts()
 {
-    // The tree gives the keyboard up while it is destroyed, when this form is no more.
-    ssTreeZorvoBrendle_->disconnect(this);
     // A failure that ended the modal show has left the form loaded, and its pointer set.
     if (isFormLoaded())
         goMousePointer().ClearMousePointer();
