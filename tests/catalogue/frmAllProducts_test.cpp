@@ -1,22 +1,10 @@
 #include "catalogue/forms/frmAllProducts.h"
 
-#include "branding/xmlCaptionLoaderManager.h"
-#include "catalogue/OfferingsHost.h"
-#include "catalogue/basHTMLHelp.h"
-#include "tests/catalogue/CatalogueTest.h"
-#include "tests/fakes/RecordingHelpViewer.h"
-#include "tests/fakes/RecordingMessages.h"
-#include "tests/fakes/RecordingPageEngine.h"
+#include "tests/catalogue/OfferingsForm.h"
 #include "window/MainFormGate.h"
 #include "window/PageView.h"
-#include "window/TreeView.h"
-#include "window/clsMousePointer.h"
 
-#include <QCheckBox>
-#include <QFrame>
 #include <QKeyEvent>
-#include <QPushButton>
-#include <QTest>
 #include <gmock/gmock.h>
 
 namespace zorvo {
@@ -39,82 +27,6 @@ std::string online(const std::string& sClassID)
     return "https://www.zorvo.example/sitecomposer/Index.cfm?numProdClassID=" + sClassID +
            "&txtFuse=dspShellProductDetail&numSiteID=2&numTaxonomyTypeID=29&numTaxonomyID=232";
 }
-
-class OfferingsForm : public CatalogueTest {
-protected:
-    OfferingsForm()
-    {
-        platform().pages = engine;
-        platform().help = help;
-        XmlDocument captions;
-        captions.loadXML("<Captions><Web><OnTheWeb2>https://www.zorvo.example/</OnTheWeb2></Web></Captions>");
-        captionState().setDocument(std::move(captions));
-        offeringsHost().loadTree = [this](TreeNodes& nodes) {
-            nodes.add("", "Tessora", "Tessora", -1, 1);
-            for (const std::string& sKey : keys)
-                nodes.add("Tessora", sKey, sKey, -1, 1);
-        };
-    }
-    ~OfferingsForm() override
-    {
-        goMousePointer().ClearMousePointer();
-        offeringsHost() = OfferingsHost();
-        captionState() = CaptionState();
-        ReleaseHTMLHelp();
-    }
-
-    /// Loads and shows; the first page is asked for.
-    frmAllProducts& open()
-    {
-        form = std::make_unique<frmAllProducts>();
-        form->showModeless();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
-        return *form;
-    }
-    /// The same, with the first page there.
-    void openToFirstPage()
-    {
-        open();
-        finish(engine->navigated.back());
-        forget();
-    }
-    void forget()
-    {
-        engine->navigated.clear();
-        engine->told.clear();
-        fakes.launcher->opened.clear();
-    }
-    void finish(const std::string& sAddress) const { engine->listener->pageFinished(sAddress); }
-    void select(const std::string& sKey)
-    {
-        TreeNodes& nodes = tree().nodes();
-        nodes.setSelected(*nodes.find(sKey), true);
-    }
-    TreeView& tree() const { return *form->findChild<TreeView*>(QStringLiteral("ssTreeZorvoBrendle")); }
-    QWidget& page() const { return *form->findChild<QWidget*>(QStringLiteral("webZorvoBrendle")); }
-    QCheckBox& check(const char* sName) const
-    {
-        return *form->findChild<QCheckBox*>(QString::fromLatin1(sName));
-    }
-    QPushButton& button(const char* sName) const
-    {
-        return *form->findChild<QPushButton*>(QString::fromLatin1(sName));
-    }
-    std::vector<std::string> inBrowser() const
-    {
-        std::vector<std::string> targets;
-        for (const auto& opened : fakes.launcher->opened)
-            targets.push_back(opened.sTarget);
-        return targets;
-    }
-
-    std::vector<std::string> keys = {"AUD`301", "REV`302", "CON`123",  "ZER`0",
-                                     "NEG`-5",  "TXT`abc", "BIG`40000"};
-    std::shared_ptr<RecordingPageEngine> engine = std::make_shared<RecordingPageEngine>();
-    std::shared_ptr<RecordingHelpViewer> help = std::make_shared<RecordingHelpViewer>();
-    RecordingMessages messages;
-    std::unique_ptr<frmAllProducts> form;
-};
 
 TEST_F(OfferingsForm, OpensAtItsSizeWithBothBoxesUnchecked)
 {
@@ -520,89 +432,6 @@ TEST_F(OfferingsForm, NoNodeCanBeChangedOrMoved)
     const QModelIndex first = tree().model()->index(0, 0);
     EXPECT_FALSE(first.flags().testFlag(Qt::ItemIsEditable));
     EXPECT_FALSE(first.flags().testFlag(Qt::ItemIsDragEnabled));
-}
-
-struct Places {
-    QSize tree;
-    QSize page;
-    int nSearchFromBottom = 0;
-    int nHelpFromBottom = 0;
-    int nOkFromRight = 0;
-    QPoint checkFromBottomLeft;
-};
-
-class OfferingsResize : public OfferingsForm {
-protected:
-    Places places() const
-    {
-        const auto at = [this](const QWidget& control) { return control.mapTo(form.get(), QPoint()); };
-        return {tree().size(),
-                page().size(),
-                form->height() - at(button("cmdSearch")).y(),
-                form->height() - at(button("cmdHelp")).y(),
-                form->width() - at(button("cmdOK")).x(),
-                {at(check("chkConnectToWeb")).x(), form->height() - at(check("chkConnectToWeb")).y()}};
-    }
-    void resize(int nWidth, int nHeight)
-    {
-        form->resize(nWidth, nHeight);
-        QCoreApplication::processEvents();
-    }
-};
-
-TEST_F(OfferingsResize, TreeAndPageTakeUpAllChangeOfSize)
-{
-    openToFirstPage();
-    resize(780, 500);
-    const Places before = places();
-    resize(880, 560);
-    const Places after = places();
-    EXPECT_EQ(after.tree.height() - before.tree.height(), 60);
-    EXPECT_EQ(after.page.height() - before.page.height(), 60);
-    EXPECT_EQ(after.tree.width() + after.page.width() - before.tree.width() - before.page.width(), 100);
-    EXPECT_GT(after.tree.width(), before.tree.width());
-    EXPECT_GT(after.page.width(), before.page.width());
-}
-
-TEST_F(OfferingsResize, ButtonsKeepTheirDistanceFromTheBottomAndTheChecksStayBesideThem)
-{
-    openToFirstPage();
-    resize(780, 500);
-    const Places before = places();
-    for (const QSize size : {QSize(900, 640), QSize(700, 400), QSize(616, 334)}) {
-        resize(size.width(), size.height());
-        const Places after = places();
-        EXPECT_EQ(after.nSearchFromBottom, before.nSearchFromBottom);
-        EXPECT_EQ(after.nHelpFromBottom, before.nHelpFromBottom);
-        EXPECT_EQ(after.nOkFromRight, before.nOkFromRight);
-        EXPECT_EQ(after.checkFromBottomLeft, before.checkFromBottomLeft);
-    }
-}
-
-TEST_F(OfferingsResize, BelowTheLimitsNothingMoves)
-{
-    openToFirstPage();
-    resize(780, 500);
-    const Places before = places();
-    const QPoint search = button("cmdSearch").mapTo(form.get(), QPoint());
-    // 9235 and 5000 twips are 615 and 333 pixels.
-    for (const QSize size : {QSize(614, 500), QSize(780, 332), QSize(400, 300)}) {
-        resize(size.width(), size.height());
-        EXPECT_EQ(places().tree, before.tree);
-        EXPECT_EQ(places().page, before.page);
-        EXPECT_EQ(button("cmdSearch").mapTo(form.get(), QPoint()), search);
-    }
-    resize(615, 333);
-    EXPECT_NE(places().tree, before.tree);
-}
-
-TEST_F(OfferingsResize, ThePageIsToldItsSize)
-{
-    openToFirstPage();
-    resize(880, 560);
-    const QSize size = static_cast<QFrame&>(page()).contentsRect().size();
-    EXPECT_THAT(engine->told, testing::Contains("resize " + std::to_string(size.width()) + " " +
-                                                std::to_string(size.height())));
 }
 
 } // namespace

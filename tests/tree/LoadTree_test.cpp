@@ -1,30 +1,12 @@
 #include "tree/LoadTree.h"
 
-#include "base/sessionState.h"
-#include "branding/companyIdentity.h"
-#include "tests/tree/TreeTest.h"
+#include "tests/tree/LoadTreeTest.h"
 
 namespace zorvo {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class LoadTreeTest : public TreeTest {
-protected:
-    void load() { LoadTree(tree, &listBar, false, false); }
-
-    int readsOf(const std::string& sPath) const
-    {
-        int n = 0;
-        for (const FakeFiles::Call& call : fakes.files->calls)
-            n += call.operation == FakeFiles::Operation::read && call.sPath == sPath ? 1 : 0;
-        return n;
-    }
-
-    const std::string sCentral = "C:\\Zorvo\\TreeData\\Zorvo Library.xml";
-};
 
 TEST_F(LoadTreeTest, BuildsGroupsProductsFoldersAndDocuments)
 {
@@ -271,79 +253,6 @@ TEST_F(LoadTreeTest, TrimsTheTextsOfTheStatusDocument)
     EXPECT_NE(tree.find("{P1}`C:\\T\\AB\\Zorvo Library.xml"), nullptr);
 }
 
-TEST_F(LoadTreeTest, ShowsAllVersionsWithTheCurrentOnlySettingOff)
-{
-    setStatus(group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB"})));
-    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}", "{P2}", "{D2}"));
-}
-
-TEST_F(LoadTreeTest, ShowsTheNewestVersionOnlyWithTheCurrentOnlySettingOn)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB"})) +
-              group("H", entry({.sKey = "CD", .sVersion = "1999"})));
-    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")) +
-               product("CD", "1999", "{P3}", "CD", document("{D3}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}", "H", "{P3}", "{D3}"));
-    EXPECT_THAT(messages.boxes, IsEmpty());
-}
-
-TEST_F(LoadTreeTest, ComparesVersionsAsTextSoThatAShortOneSortsAboveANewerOne)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(group("G", entry({.sKey = "AB", .sVersion = "99"}) + entry({.sKey = "AB"})));
-    setLibrary(product("AB", "99", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}"));
-}
-
-TEST_F(LoadTreeTest, ComparesVersionsWithoutRegardToCase)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(group("G", entry({.sKey = "AB", .sVersion = "b1"}) + entry({.sKey = "AB", .sVersion = "C1"})));
-    setLibrary(product("AB", "b1", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "C1", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
-}
-
-TEST_F(LoadTreeTest, TrimsTheVersionsThatTheCurrentVersionFilterCompares)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(
-        group("G", entry({.sKey = "AB", .sVersion = "2006"}) + entry({.sKey = "AB", .sVersion = " 2007 "})));
-    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
-}
-
-TEST_F(LoadTreeTest, CountsVersionsOfTopLevelGroupsOnlyInTheCurrentVersionFilter)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(group("G", group("Inner", entry({.sKey = "AB", .sVersion = "2006"})) + entry({.sKey = "AB"})));
-    setLibrary(product("AB", "2006", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
-               product("AB", "2007", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("G", "Inner", "{P1}", "{D1}", "{P2}", "{D2}"));
-}
-
-TEST_F(LoadTreeTest, CountsVersionsThatAreNotInstalledInTheCurrentVersionFilter)
-{
-    sessionState().bShowCurrentOnly = true;
-    setStatus(
-        group("G", entry({.sKey = "AB"}) + entry({.sKey = "AB", .sVersion = "2008", .sInstalled = "False"})));
-    setLibrary(product("AB", "2007", "{P1}", "AB", document("{D1}", "Doc", "a.dot")));
-    load();
-    EXPECT_EQ(tree.count(), 0);
-}
-
 TEST_F(LoadTreeTest, PrunesProductsWithoutContentAndTheGroupsThatBecomeEmpty)
 {
     setStatus(group("Outer", group("Inner", entry({.sKey = "AB"}))) + group("Kept", entry({.sKey = "CD"})) +
@@ -352,72 +261,6 @@ TEST_F(LoadTreeTest, PrunesProductsWithoutContentAndTheGroupsThatBecomeEmpty)
                product("CD", "2007", "{P2}", "CD", folder("{F1}", "F", "")));
     load();
     EXPECT_THAT(keys(), ElementsAre("Kept", "{P2}", "{F1}"));
-}
-
-TEST_F(LoadTreeTest, KeepsTheListBarGroupOfAGroupThatVanishes)
-{
-    setStatus(group("Gone", entry({.sKey = "AB", .sInstalled = "False"})) +
-              group("Kept", entry({.sKey = "CD"})));
-    setLibrary(product("CD", "2007", "{P2}", "CD", document("{D1}", "Doc", "a.dot")));
-    load();
-    EXPECT_THAT(keys(), ElementsAre("Kept", "{P2}", "{D1}"));
-    ASSERT_EQ(listBar.count(), 3);
-    EXPECT_EQ(listBar.item(1).sKey, "Gone");
-    EXPECT_EQ(listBar.item(2).sKey, "Kept");
-}
-
-TEST_F(LoadTreeTest, BuildsTheListBarOfTheTopLevelGroupsAndTheWebGroup)
-{
-    addIcon("Outer.ico");
-    addIcon("Zorvo.ico");
-    setStatus(group("Outer", group("Inner", entry({.sKey = "AB"}))) + group("Second", ""));
-    load();
-    ASSERT_EQ(listBar.count(), 3);
-    EXPECT_EQ(listBar.item(1).sKey, "Outer");
-    EXPECT_EQ(listBar.item(1).sCaption, "Outer short");
-    EXPECT_EQ(listBar.item(1).nImage, listBar.images().indexOf("Outer.ico"));
-    EXPECT_NE(listBar.item(1).nImage, -1);
-    EXPECT_EQ(listBar.item(2).sKey, "Second");
-    EXPECT_EQ(listBar.item(2).nImage, -1);
-    EXPECT_EQ(listBar.item(3).sKey, "Zorvonet");
-    EXPECT_EQ(listBar.item(3).sCaption, "Zorvo on the Web");
-    EXPECT_EQ(listBar.item(3).nImage, listBar.images().indexOf("Zorvo.ico"));
-    EXPECT_NE(listBar.item(3).nImage, -1);
-    EXPECT_TRUE(treeState().bListBarLoaded);
-}
-
-TEST_F(LoadTreeTest, WritesTheWebGroupsCaptionOfOneCompanyDifferently)
-{
-    StoreCompanyID("OTR");
-    setStatus("");
-    load();
-    ASSERT_EQ(listBar.count(), 1);
-    EXPECT_EQ(listBar.item(1).sKey, "OTRnet");
-    EXPECT_EQ(listBar.item(1).sCaption, "NDF on the Web");
-}
-
-TEST_F(LoadTreeTest, RebuildsImagesAndListBarOnRequest)
-{
-    addIcon("Word16.ico");
-    setStatus(group("G", ""));
-    load();
-    addIcon("Zorvo.ico");
-    LoadTree(tree, &listBar, false, true);
-    EXPECT_EQ(tree.images().count(), 2);
-    EXPECT_EQ(listBar.images().count(), 2);
-    EXPECT_EQ(listBar.count(), 2);
-    EXPECT_THAT(messages.tags(), IsEmpty());
-}
-
-TEST_F(LoadTreeTest, DoesNoImageWorkOnceTheListBarIsLoaded)
-{
-    addIcon("Word16.ico");
-    treeState().bListBarLoaded = true;
-    setStatus(group("G", ""));
-    load();
-    EXPECT_EQ(tree.images().count(), 0);
-    EXPECT_EQ(listBar.images().count(), 0);
-    EXPECT_EQ(listBar.count(), 0);
 }
 
 TEST_F(LoadTreeTest, EndsAtAGroupTitleMetTwiceAndStillPrunesAndAddsTheWebGroup)
@@ -535,71 +378,6 @@ TEST_F(LoadTreeTest, TellsNoProgressWhenNobodyAsks)
     setLibrary(product("AB", "2007", "{P}", "AB", document("{D}", "Doc", "a.dot")));
     load();
     EXPECT_EQ(tree.count(), 3);
-}
-
-class AllOfferingsTest : public LoadTreeTest {
-protected:
-    AllOfferingsTest()
-    {
-        fakes.files->addFile(
-            "C:\\Zorvo\\TreeData\\TreeOrder.xml",
-            "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='G' TreeTitleShort='G' IconLarge='' "
-            "IconSmall='G16.ico'>"
-            "<Acronymn numProdClassID='301' Name='Alpha'>AB</Acronymn>"
-            "<Acronymn numProdClassID='302' Name='Beta'>CD</Acronymn></ProductTreeGroup>"
-            "<ProductTreeGroup TreeTitle='Empty' TreeTitleShort='E' IconLarge='' IconSmall=''>"
-            "<Acronymn>EF</Acronymn></ProductTreeGroup></ZorvoTree>");
-        fakes.files->addFile("C:\\Zorvo\\TreeData\\HTML\\AB.htm");
-        fakes.files->addFile("C:\\Zorvo\\TreeData\\HTML\\CD.htm");
-        treeState().bListBarLoaded = true;
-    }
-};
-
-TEST_F(AllOfferingsTest, ShowsAllOfferingsAndKeepsEmptyGroups)
-{
-    LoadTree(tree, nullptr, true, false);
-    EXPECT_THAT(lines(), ElementsAre("G|G|1", "  AB`301|Alpha|1", "  CD`302|Beta|1", "Empty|Empty|1"));
-    EXPECT_THAT(messages.boxes, IsEmpty());
-    EXPECT_THAT(messages.tags(), IsEmpty());
-}
-
-TEST_F(AllOfferingsTest, LoadsTheTreesImagesThoughTheListBarIsLoaded)
-{
-    addIcon("G16.ico");
-    addIcon("Product16.ico");
-    LoadTree(tree, nullptr, true, false);
-    EXPECT_EQ(tree.images().count(), 2);
-    EXPECT_EQ(node("G").image(), tree.images().indexOf("G16.ico"));
-    EXPECT_EQ(node("AB`301").image(), tree.images().indexOf("Product16.ico"));
-}
-
-TEST_F(AllOfferingsTest, KeepsNoStatusDocument)
-{
-    LoadTree(tree, nullptr, true, false);
-    EXPECT_EQ(treeState().objStatusDoc, nullptr);
-}
-
-TEST_F(AllOfferingsTest, LabelsNoProductWithAYear)
-{
-    fakes.files->addFile(
-        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
-        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='Quillbook' TreeTitleShort='Q' IconLarge='' "
-        "IconSmall=''><Acronymn numProdClassID='301' Name='Evaluation of Alpha'>AB</Acronymn>"
-        "</ProductTreeGroup></ZorvoTree>");
-    LoadTree(tree, nullptr, true, false);
-    EXPECT_THAT(lines(), ElementsAre("Quillbook|Quillbook|1", "  AB`301|Evaluation of Alpha|1"));
-}
-
-TEST_F(AllOfferingsTest, IgnoresTheCurrentOnlySetting)
-{
-    sessionState().bShowCurrentOnly = true;
-    fakes.files->addFile(
-        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
-        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='G' TreeTitleShort='G' IconLarge='' IconSmall=''>"
-        "<Acronymn numProdClassID='1' Name='A'>AB</Acronymn>"
-        "<Acronymn numProdClassID='2' Name='B'>AB</Acronymn></ProductTreeGroup></ZorvoTree>");
-    LoadTree(tree, nullptr, true, false);
-    EXPECT_THAT(keys(), ElementsAre("G", "AB`1", "AB`2"));
 }
 
 } // namespace
