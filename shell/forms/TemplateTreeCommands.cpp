@@ -77,14 +77,6 @@ void TemplateTree::mapCommands()
         {"ID_EXCEL", [this] { newExcelWorkbook(); }},
         {"ID_PRODVERSION", [] { ShowVersionReport(); }},
     };
-    // A tool that leads nowhere in this build can't be pressed.
-    for (const ToolBand& band : tools_.bands()) {
-        for (const std::string& sId : band.toolIds) {
-            if (sId != ToolBand::kSeparator && tools_.tool(sId).type == ToolType::button &&
-                !commands_.contains(sId))
-                tools_.setEnabled(sId, false);
-        }
-    }
 }
 
 void TemplateTree::toolClick(const QString& id)
