@@ -16,8 +16,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr std::int16_t kHourglass = 11;
-
 enum DocumentImage : int { kOtherImage = 6, kWorkbookImage = 7, kWordImage = 8 };
 
 std::string sUpperExtension(const std::string& sName)

@@ -16,8 +16,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr std::int16_t kHourglass = 11;
-constexpr std::int16_t kRelease = 0;
 /// From this edition on the workbooks of the Quillbook products ask whether this program made them.
 constexpr double kFirstYearWithInvokedFlag = 2004;
 
@@ -62,12 +60,12 @@ void ProcessOneDoc(const std::string& sTemplatePath, const std::string& sTypeYea
                 SetInvokedFlag(sTemplatePath, "TRUE");
             CreateExcelDocument(sUpperPath, sFolder, sFileName, bShare, bSave, sProfileData);
         }
-        goMousePointer().setMousePointer(kRelease);
+        goMousePointer().setMousePointer(kDefaultPointer);
     } catch (const RunTimeError& error) {
         recordFailure(error);
         withdrawInvokedFlag(sTemplatePath);
         ReportError("TreeSupport.ProcessOneDoc");
-        goMousePointer().setMousePointer(kRelease);
+        goMousePointer().setMousePointer(kDefaultPointer);
     }
 }
 

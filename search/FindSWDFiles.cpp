@@ -11,7 +11,7 @@
 #include "search/SWDSearchSupport.h"
 #include "search/SearchForms.h"
 #include "search/searchState.h"
-#include "window/clsMousePointer.h"
+#include "window/BusyPointer.h"
 #include "window/messageBox.h"
 
 #include <algorithm>
@@ -201,17 +201,14 @@ ResultDocuments& resultDocuments()
 
 void FindSWDFiles()
 {
-    constexpr std::int16_t kHourglass = 11;
     Search search(platform().office->createWord());
-    goMousePointer().setMousePointer(kHourglass);
+    const BusyPointer busy;
     Search::refreshMessage();
     search.chooseEdition();
     if (search.hasFileSearch())
         search.searchFiles();
     else
         search.filterMaster();
-    // Also after a failure: else the main form would stay locked for good.
-    goMousePointer().setMousePointer(0);
 }
 
 } // namespace zorvo

@@ -16,9 +16,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr std::int16_t kHourglass = 11;
-constexpr std::int16_t kRelease = 0;
-
 /// What the documents of one product have in common.
 struct SelectedProduct {
     XmlCursor element;
@@ -106,15 +103,15 @@ void ProcessOK(TreeWindow& form)
         sSelection += kSelectionEnd;
 
         if (sessionState().bReturnSelection) {
-            goMousePointer().setMousePointer(kRelease);
+            goMousePointer().setMousePointer(kDefaultPointer);
             form.unload();
         } else {
             consumeSelection();
-            goMousePointer().setMousePointer(kRelease);
+            goMousePointer().setMousePointer(kDefaultPointer);
         }
     } catch (const RunTimeError& error) {
         recordFailure(error);
-        goMousePointer().setMousePointer(kRelease);
+        goMousePointer().setMousePointer(kDefaultPointer);
         ReportError("TreeSupport.ProcessOK");
     }
 }

@@ -9,7 +9,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr std::int16_t kHourglass = 11;
 constexpr std::int16_t kArrowHourglass = 13;
 
 std::int16_t nScreenPointer = 0;
@@ -24,13 +23,13 @@ bool isBusyPointer(std::int16_t nValue)
 clsMousePointer::~clsMousePointer()
 {
     nCount_ = 0;
-    setScreenPointer(0);
+    setScreenPointer(kDefaultPointer);
 }
 
 void clsMousePointer::ClearMousePointer()
 {
     while (nCount_ > 0)
-        setMousePointer(0);
+        setMousePointer(kDefaultPointer);
 }
 
 void clsMousePointer::SetModalDialogState(bool b)
@@ -53,8 +52,8 @@ void clsMousePointer::setMousePointer(std::int16_t nValue)
         return;
     --nCount_;
     if (nCount_ == 0) {
-        setScreenPointer(0);
-        nPointer_ = 0;
+        setScreenPointer(kDefaultPointer);
+        nPointer_ = kDefaultPointer;
         EnableMainForm(true);
     }
 }

@@ -4,6 +4,10 @@
 
 namespace zorvo {
 
+/// What `setMousePointer` takes.
+inline constexpr std::int16_t kDefaultPointer = 0;
+inline constexpr std::int16_t kHourglass = 11;
+
 /// Counts the busy requests of the whole program. The first one shows the wait pointer and disables the main
 /// form, the last release undoes both.
 class clsMousePointer {

@@ -28,7 +28,6 @@ namespace {
 
 constexpr QSize kDefaultSize{600, 520};
 constexpr int kIconSize = 16;
-constexpr std::int16_t kHourglass = 11;
 constexpr std::uint32_t kHelpTopic = 1;
 
 /// Keeps its place in the layout while it isn't shown.

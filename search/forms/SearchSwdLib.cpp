@@ -10,8 +10,8 @@
 #include "search/forms/SWDSearchMessage.h"
 #include "search/forms/searchFormInstances.h"
 #include "search/searchState.h"
+#include "window/BusyPointer.h"
 #include "window/MnemonicLabel.h"
-#include "window/clsMousePointer.h"
 #include "window/guardedSlot.h"
 #include "window/messageBox.h"
 #include "window/pendingEvents.h"
@@ -33,15 +33,6 @@ constexpr int kFieldWidth = 400;
 constexpr int kTimeInFrontMs = 250;
 constexpr int kModalFormIsUp = 401;
 constexpr std::size_t kUsualEditions = 3;
-
-/// Work of the form, with the main form locked; however it ends, the lock is taken off.
-class BusyPointer {
-public:
-    BusyPointer() { goMousePointer().setMousePointer(11); }
-    ~BusyPointer() { goMousePointer().setMousePointer(0); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-};
 
 } // namespace
 

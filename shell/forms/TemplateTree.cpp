@@ -49,9 +49,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr std::int16_t kHourglass = 11;
-constexpr std::int16_t kDefaultPointer = 0;
-
 constexpr int kPanelTwips = 240;
 
 constexpr QSize kDefaultSize{1060, 700};

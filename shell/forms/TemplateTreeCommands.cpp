@@ -23,6 +23,7 @@
 #include "tree/NodeDocument.h"
 #include "tree/ProcessOK.h"
 #include "tree/nodeTag.h"
+#include "window/BusyPointer.h"
 #include "window/ListBar.h"
 #include "window/MnemonicLabel.h"
 #include "window/TreeView.h"
@@ -37,18 +38,13 @@ namespace {
 /// Commands are lost while this lives; a failure must not leave them lost for good.
 class BusyLoading {
 public:
-    BusyLoading()
-    {
-        goMousePointer().setMousePointer(11);
-        sessionState().gbLoading = true;
-    }
-    ~BusyLoading()
-    {
-        sessionState().gbLoading = false;
-        goMousePointer().setMousePointer(0);
-    }
+    BusyLoading() { sessionState().gbLoading = true; }
+    ~BusyLoading() { sessionState().gbLoading = false; }
     BusyLoading(const BusyLoading&) = delete;
     BusyLoading& operator=(const BusyLoading&) = delete;
+
+private:
+    BusyPointer pointer_;
 };
 
 } // namespace

@@ -63,7 +63,7 @@ void frmSingleInstance::SetData(QWidget* owner, bool bMirrorToMain)
 
 void frmSingleInstance::onLoad()
 {
-    goMousePointer().setMousePointer(11);
+    goMousePointer().setMousePointer(kHourglass);
     // An owned window stays above its owner.
     setOwnerWindow(*this, owner_ ? *owner_ : static_cast<QWidget&>(templateTree().get()));
     ApplyFormBranding(*this);
@@ -95,7 +95,7 @@ void frmSingleInstance::onQueryUnload(UnloadMode /*mode*/)
 {
     tmPleaseWait_.setInterval(0);
     setMainStatusText({});
-    goMousePointer().setMousePointer(0);
+    goMousePointer().setMousePointer(kDefaultPointer);
 }
 
 } // namespace zorvo

@@ -43,7 +43,7 @@ frmSplash::frmSplash()
 
 void frmSplash::onLoad()
 {
-    goMousePointer().setMousePointer(11);
+    goMousePointer().setMousePointer(kHourglass);
     lblVersion_->setText(QString::fromStdString(GetVersionText()));
     picSplash_->setPixmap(QIcon(QStringLiteral(":/pictures/splash.svg")).pixmap(kPictureSize));
     ApplyFormBranding(*this);
@@ -61,7 +61,7 @@ void frmSplash::onActivate()
 
 void frmSplash::onUnload()
 {
-    goMousePointer().setMousePointer(0);
+    goMousePointer().setMousePointer(kDefaultPointer);
 }
 
 bool frmSplash::eventFilter(QObject* watched, QEvent* event)
