@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "base/text.h"
 #include "client/exitCodes.h"
+#include "client/failureLine.h"
 #include "client/registryData.h"
 #include "platform/linux/RegistryFile.h"
 #include "platform/linux/RegistryStore.h"
@@ -187,7 +188,7 @@ int runRegistryCommand(const std::vector<std::string>& args, std::ostream& out, 
         subcommand->run(store, *call, out);
         return kExitDone;
     } catch (const RunTimeError& error) {
-        err << error.description() << '\n';
+        err << oneLine(error.description()) << '\n';
         return kExitFailed;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "client/exitCodes.h"
+#include "client/failureLine.h"
 #include "platform/linux/SettingsFile.h"
 
 namespace zorvo {
@@ -59,7 +60,7 @@ int runSettingCommand(const std::vector<std::string>& args, std::ostream& out, s
             set(settings, args[1], args[2]);
         return kExitDone;
     } catch (const RunTimeError& error) {
-        err << error.description() << '\n';
+        err << oneLine(error.description()) << '\n';
         return kExitFailed;
     }
 }

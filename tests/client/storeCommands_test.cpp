@@ -86,6 +86,7 @@ TEST_F(CommandTest, RegistryGetOfWhatIsAbsentFails)
     registry({"set", "HKCU\\K", "v", "1"});
     expectFailure(registry({"get", "HKCU\\K"}), "The key has no default value.");
     expectFailure(registry({"get", "HKCU\\K", "w"}), "The key has no value w.");
+    expectFailure(registry({"get", "HKCU\\K", "two\nlines"}), "The key has no value two lines.");
     expectFailure(registry({"list", "HKCU\\L"}), "There is no registry key HKCU\\L.");
     expectFailure(registry({"export", "HKCU\\L"}), "There is no registry key HKCU\\L.");
     expectFailure(registry({"get", "HKEY_OTHER\\K"}), "HKEY_OTHER\\K is no registry key.");
@@ -280,6 +281,7 @@ TEST_F(CommandTest, SettingsAreSetShownAndListed)
 TEST_F(CommandTest, SettingGetOfAnAbsentKeyFails)
 {
     expectFailure(setting({"get", "MainState"}), "There is no setting MainState.");
+    expectFailure(setting({"get", "two\r\nlines"}), "There is no setting two lines.");
     setting({"set", "Empty", ""});
     EXPECT_EQ(setting({"get", "Empty"}).nExit, 0);
     EXPECT_EQ(setting({"get", "Empty"}).out, "\n");
