@@ -121,10 +121,14 @@ void DBusRemoteObject::describe()
     if (bAsked_)
         return;
     const QDBusMessage reply = send(kIntrospectable, QStringLiteral("Introspect"), {});
-    if (reply.type() == QDBusMessage::ReplyMessage)
-        members_ = membersFromXml(reply.arguments().value(0).toString(), interface_);
-    else if (failureOf(reply).number() == kServerUnavailable)
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        if (auto described = interfaceFromXml(reply.arguments().value(0).toString(), interface_)) {
+            interface_ = described->name;
+            members_ = std::move(described->members);
+        }
+    } else if (failureOf(reply).number() == kServerUnavailable) {
         throw failureOf(reply);
+    }
     bAsked_ = true;
 }
 

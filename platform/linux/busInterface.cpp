@@ -146,15 +146,15 @@ QString introspectionXml(const QList<BusInterface>& interfaces, const QStringLis
     return xml + QStringLiteral("</node>\n");
 }
 
-std::optional<QList<BusMember>> membersFromXml(const QString& xml, const QString& interface)
+std::optional<BusInterface> interfaceFromXml(const QString& xml, const QString& name)
 {
     QXmlStreamReader reader(xml);
     if (!reader.readNextStartElement())
         return {};
     while (reader.readNextStartElement()) {
-        if (reader.name() == QLatin1String("interface") &&
-            reader.attributes().value(QLatin1String("name")) == interface)
-            return readMembers(reader);
+        const QString found = reader.attributes().value(QLatin1String("name")).toString();
+        if (reader.name() == QLatin1String("interface") && found.compare(name, Qt::CaseInsensitive) == 0)
+            return BusInterface{found, readMembers(reader), {}};
         reader.skipCurrentElement();
     }
     return {};

@@ -43,8 +43,9 @@ struct BusInterface {
 /// The introspection text of an object with these interfaces, in order, next to the standard ones.
 QString introspectionXml(const QList<BusInterface>& interfaces, const QStringList& children);
 
-/// The members of the interface in a whole introspection text; nothing when it isn't described there.
-std::optional<QList<BusMember>> membersFromXml(const QString& xml, const QString& interface);
+/// The interface of that name in a whole introspection text, in any case as class names are, with its members
+/// and as it is spelled there; nothing when it isn't described.
+std::optional<BusInterface> interfaceFromXml(const QString& xml, const QString& name);
 
 /// The object path that goes with a bus name: slashes for dots, one ahead.
 QString pathOfBusName(const QString& busName);

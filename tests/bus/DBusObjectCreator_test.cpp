@@ -56,6 +56,12 @@ TEST_F(ObjectCreatorOnTheBus, FindsMembersWithoutRegardToCase)
               "x");
 }
 
+TEST_F(ObjectCreatorOnTheBus, FindsTheClassWithoutRegardToCase)
+{
+    const LateBoundPtr object = creator_.createByProgId("test.PROBE");
+    EXPECT_EQ(std::get<std::string>(object->call("Echo", {std::string("x")})), "x");
+}
+
 TEST_F(ObjectCreatorOnTheBus, BringsByReferenceArgumentsBackInOrder)
 {
     std::vector<Value> arguments{std::string("new"), std::vector<std::string>{"", "old"}, std::int32_t{1}};

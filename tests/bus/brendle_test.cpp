@@ -180,6 +180,7 @@ TEST_F(Brendle, CallConvertsArgumentsByTheOperationsTypes)
         return brendle(QStringList{QStringLiteral("call"), kProgId} + arguments);
     };
     EXPECT_EQ(call({QStringLiteral("Echo"), QStringLiteral("two words")}).sOut, "two words\n");
+    EXPECT_EQ(brendle("call test.PROBE ECHO x").sOut, "x\n");
     EXPECT_EQ(call({QStringLiteral("Nothing")}).sOut, "");
     EXPECT_EQ(call({QStringLiteral("Walk"), QStringLiteral("new"), QStringLiteral("[,C:\\a b]"),
                     QStringLiteral("1")})

@@ -78,14 +78,15 @@ TEST(BusInterface, DescriptionIsReadBackAsItWasWritten)
     const QString xml = introspectionXml(
         {{QStringLiteral("Test.Other"), {}, {}}, {QStringLiteral("Test.This"), {member}, {}}},
         {QStringLiteral("1")});
-    const auto members = membersFromXml(xml, QStringLiteral("Test.This"));
-    ASSERT_TRUE(members.has_value());
-    ASSERT_EQ(members->size(), 1);
-    EXPECT_EQ(members->at(0).name, member.name);
-    EXPECT_EQ(members->at(0).inSignature(), QStringLiteral("si"));
-    EXPECT_EQ(members->at(0).out.at(0).name, QStringLiteral("profile"));
-    EXPECT_FALSE(membersFromXml(xml, QStringLiteral("No.Such")).has_value());
-    EXPECT_FALSE(membersFromXml(QStringLiteral("not xml"), QStringLiteral("Test.This")).has_value());
+    const auto described = interfaceFromXml(xml, QStringLiteral("test.THIS"));
+    ASSERT_TRUE(described.has_value());
+    EXPECT_EQ(described->name, QStringLiteral("Test.This"));
+    ASSERT_EQ(described->members.size(), 1);
+    EXPECT_EQ(described->members.at(0).name, member.name);
+    EXPECT_EQ(described->members.at(0).inSignature(), QStringLiteral("si"));
+    EXPECT_EQ(described->members.at(0).out.at(0).name, QStringLiteral("profile"));
+    EXPECT_FALSE(interfaceFromXml(xml, QStringLiteral("No.Such")).has_value());
+    EXPECT_FALSE(interfaceFromXml(QStringLiteral("not xml"), QStringLiteral("Test.This")).has_value());
 }
 
 TEST(BusFailure, KeepsNumberAndTextOfTheOtherSide)

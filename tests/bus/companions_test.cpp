@@ -214,12 +214,13 @@ TEST_F(Companions, TheProfileFormHasTheSignatureThatClientsRelyOn)
     const QDBusMessage wrong =
         client.call(object, QStringLiteral("ZorvoTSR.Connect"), QStringLiteral("TreeSelectProfileDataForm"));
     EXPECT_EQ(wrong.type(), QDBusMessage::ErrorMessage);
-    const auto members = membersFromXml(client.introspect(object), QStringLiteral("ZorvoTSR.Connect"));
-    ASSERT_TRUE(members);
-    const auto form = std::find_if(members->begin(), members->end(), [](const BusMember& member) {
+    const auto described = interfaceFromXml(client.introspect(object), QStringLiteral("ZorvoTSR.Connect"));
+    ASSERT_TRUE(described);
+    const QList<BusMember>& members = described->members;
+    const auto form = std::find_if(members.begin(), members.end(), [](const BusMember& member) {
         return member.name == QLatin1String("TreeSelectProfileDataForm");
     });
-    ASSERT_NE(form, members->end());
+    ASSERT_NE(form, members.end());
     EXPECT_EQ(form->inSignature(), QStringLiteral("sii"));
     QString out;
     for (const BusArgument& argument : form->out)
