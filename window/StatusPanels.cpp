@@ -114,6 +114,8 @@ void StatusPanels::setText(int nPanel, const QString& text)
     entry(nPanel);
     Entry& changed = panels_[static_cast<std::size_t>(nPanel - 1)];
     changed.text = text;
+    if (nPanel == 1 && !text.isEmpty())
+        hint_.clear();
     showEntry(changed);
 }
 

@@ -35,7 +35,8 @@ public:
     QString text(int nPanel = 1) const;
     void setText(int nPanel, const QString& text);
     void setText(const QString& text) { setText(1, text); }
-    /// Stands in the first panel in place of its text until it is empty again.
+    /// Stands in the first panel in place of its text until it is empty again or there is a new text: the
+    /// mouse may rest on a tool for as long as its work takes.
     void showHint(const QString& hint);
 
     StatusPanel& panel(int nPanel) const;

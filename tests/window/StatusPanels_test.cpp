@@ -98,10 +98,18 @@ TEST_F(StatusPanelsTest, AHintStandsInPlaceOfTheTextForATime)
     bar_.showHint(QStringLiteral("hint"));
     EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("hint"));
     EXPECT_EQ(bar_.text(), QStringLiteral("own"));
-    bar_.setText(QStringLiteral("new"));
-    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("hint"));
     bar_.showHint({});
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("own"));
+}
+
+TEST_F(StatusPanelsTest, ANewTextTakesTheHintsPlaceAndAnEmptyOneLeavesIt)
+{
+    bar_.showHint(QStringLiteral("hint"));
+    bar_.setText(QStringLiteral("new"));
     EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("new"));
+    bar_.showHint(QStringLiteral("hint"));
+    bar_.setText({});
+    EXPECT_EQ(bar_.panel(1).text(), QStringLiteral("hint"));
 }
 
 TEST_F(StatusPanelsTest, EveryPanelHasANameOfItsOwn)
