@@ -11,7 +11,7 @@ namespace zorvo {
 
 /// The contact page: `linkContactUs` and `ID_CONTACTUS`.
 void OpenContactUs(std::uintptr_t ownerWindow);
-void ZorvoQuickTour(std::uintptr_t ownerWindow = 0);
+void ZorvoQuickTour(std::uintptr_t ownerWindow);
 void ZorvoMyAccount(std::uintptr_t ownerWindow);
 
 /// Belongs to no window. With `sAddress` that address; with neither argument the first on-the-web page; with

@@ -106,10 +106,7 @@ void installQtForms()
     engagementHost() = {[] { SaveSettings(); }, [] { templateTree().get().SetTBState(false, true); }};
     installQtSearchForms();
     supportHost() = {[] { return templateTree().get().caption(); },
-                     [] {
-                         templateTree().get();
-                         ZorvoQuickTour();
-                     }};
+                     [] { ZorvoQuickTour(templateTree().get().winId()); }};
     installDisclosureProgressForm();
     offeringsHost() = {[](TreeNodes& tree) { LoadTree(tree, nullptr, true, false); },
                        [] { ReleaseOfficeObjects(); }};

@@ -76,6 +76,13 @@ TEST_F(WebPagesTest, AnAddressWinsWhateverTheFirstArgument)
     EXPECT_EQ(lastOpened(), "http://faq.example||C:\\");
 }
 
+TEST_F(WebPagesTest, AnEmptyAddressIsAGivenOne)
+{
+    xmlCaptionLoader();
+    ZorvoOnTheWeb({}, "");
+    EXPECT_EQ(lastOpened(), "||C:\\");
+}
+
 TEST_F(WebPagesTest, WithNoCaptionDocumentTheAddressIsEmptyAndNothingIsReported)
 {
     bool bReported = false;
@@ -93,7 +100,7 @@ TEST_F(WebPagesTest, ACodeOfFailureFromTheLauncherIsNotLookedAt)
     bool bReported = false;
     const FailureReporter before =
         setFailureReporter([&bReported](const auto&, const auto&, const auto&) { bReported = true; });
-    ZorvoQuickTour();
+    ZorvoQuickTour(7);
     setFailureReporter(before);
     EXPECT_FALSE(bReported);
 }
