@@ -85,7 +85,9 @@ TemplateTree::~TemplateTree()
 {
     if (shellState().gfrmMain == this)
         shellState().gfrmMain = nullptr;
-    ReleaseActXManager();
+    // A form that failed to load may go behind the next one, which has the framework now.
+    if (!shellState().gfrmMain)
+        ReleaseActXManager();
 }
 
 void TemplateTree::buildControls()

@@ -29,6 +29,7 @@
 #include "window/TreeView.h"
 #include "window/clsMousePointer.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace zorvo {
@@ -149,8 +150,8 @@ void TemplateTree::ExpandCollapse(bool bExpand)
     if (!tree().selectedNode())
         return;
     bEventsArmed_ = false; // no selection events during the walk
+    const auto rearm = qScopeGuard([this] { bEventsArmed_ = true; });
     expandCollapse(tree(), bExpand);
-    bEventsArmed_ = true;
 }
 
 void TemplateTree::SearchTree()
