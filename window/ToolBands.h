@@ -27,6 +27,8 @@ public:
 
     QMenuBar* menuBar() const { return menuBar_; }
     QToolBar* toolBar() const { return toolBar_; }
+    /// The tools as they stand, those in no band too.
+    const ToolPool& pool() const { return pool_; }
 
 Q_SIGNALS:
     /// A tool was chosen; the id as the pool spells it. Not told of tools of type 7.

@@ -214,6 +214,28 @@ TEST_F(TemplateTreeLayout, EveryControlHasARoleAndAName)
         EXPECT_FALSE(nameOf(*entry).empty());
 }
 
+TEST_F(TemplateTreeLayout, TheTextsTellWhatToDoAndWhomToWriteTo)
+{
+    const std::pair<const char*, const char*> texts[] = {
+        {"lblInstructions",
+         "To create a new Brendle document, select one or more documents from the list, and then click New "
+         "Document. Hint: To pick more than one document hold down the Ctrl key while you click with the "
+         "mouse."},
+        {"lblContactUsMessage",
+         "Users of these products are encouraged to contact Zorvo to offer any comments or suggestions to "
+         "improve the usefulness of future editions."},
+        {"lblContactUsClickLinkInstructions", "Click the following link to "},
+        {"lblDesc", ""},
+    };
+    for (const auto& [name, text] : texts)
+        EXPECT_EQ(control<MnemonicLabel>(name).text().toStdString(), text) << name;
+    EXPECT_EQ(control<QGroupBox>("fraDesc").title(), QStringLiteral("Description"));
+    EXPECT_EQ(control<QGroupBox>("fraInstructions").title(), QStringLiteral("Instructions"));
+    EXPECT_EQ(form().findChild<LinkLabel*>()->text(), QStringLiteral("Contact Us"));
+    EXPECT_TRUE(control<QWidget>("picForTaskManager").isHidden());
+    EXPECT_EQ(form().tmEventInterval(), 0);
+}
+
 TEST_F(TemplateTreeLayout, TheDescriptionReadsAsTheNameOfItsLabel)
 {
     showAt(1060, 700);

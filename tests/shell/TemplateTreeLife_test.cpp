@@ -164,6 +164,12 @@ TEST_F(TemplateTreeLife, TheLoadEventTakesItsStepsInTheirOrder)
     EXPECT_EQ(form().findChild<LinkLabel*>()->cursor().shape(), Qt::PointingHandCursor);
 }
 
+TEST_F(TemplateTreeLife, TheFormHasACaptionOfItsOwnAheadOfTheLoad)
+{
+    const TemplateTree designed;
+    EXPECT_EQ(designed.caption(), "Zorvo's Brendle");
+}
+
 TEST_F(TemplateTreeLife, CaptionsThatAreLoadedAreNotReadAgain)
 {
     xmlCaptionLoader();
@@ -356,6 +362,29 @@ TEST_F(TemplateTreeLife, TheUnloadEventTakesItsStepsInTheirOrder)
     closeForm();
     EXPECT_THAT(journal, ElementsAre("MainLeft", "MainTop", "MainWidth", "MainHeight", "MainState",
                                      "hand-over", "Word", "Excel", "help", "end"));
+    EXPECT_THAT(office->calls(), testing::Not(Contains(testing::HasSubstr("Quit"))))
+        << "the office is let go, not ended";
+}
+
+TEST_F(TemplateTreeLife, TheFrameworkGoesWithItsForm)
+{
+    form();
+    closeForm();
+    EXPECT_NE(shellState().objActXManager, nullptr) << "the unload event itself leaves it";
+    templateTree().unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(shellState().objActXManager, nullptr);
+}
+
+TEST_F(TemplateTreeLife, AFormThatFailedToLoadTakesNoFrameworkFromTheNextOne)
+{
+    store("MainState", "99999");
+    EXPECT_THROW(form(), RunTimeError);
+    store("MainState", "2");
+    form();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the first one goes only now
+    EXPECT_EQ(shellState().gfrmMain, &form());
+    EXPECT_NE(shellState().objActXManager, nullptr);
 }
 
 TEST_F(TemplateTreeLife, AnUnloadByCommandSavesAheadOfTheHiding)
@@ -387,6 +416,7 @@ TEST_F(TemplateTreeLife, AnotherCompanysBandsCarryItsWordingAndItsSideStrip)
     EXPECT_EQ(tool("ID_ALLBRENDLEOFFERINGS")->text(), QStringLiteral("View &All ABC's Brendle..."));
     EXPECT_EQ(menuTool("ID_ALLBRENDLEOFFERINGS")->text(),
               QStringLiteral("All of ABC's Brendle &Offerings..."));
+    EXPECT_NE(form().findChild<ToolBands*>()->pool().sideStrip(), nullptr);
     EXPECT_THAT(messages.reports, IsEmpty());
 }
 
@@ -395,6 +425,7 @@ TEST_F(TemplateTreeLife, TheDefaultCompanyReadsNoPictureForItsBands)
     form();
     for (const FakeFiles::Call& call : fakes.files->calls)
         EXPECT_NE(call.sPath, "C:\\Zorvo\\Images\\Sidebar.bmp");
+    EXPECT_EQ(form().findChild<ToolBands*>()->pool().sideStrip(), nullptr);
     EXPECT_EQ(menuTool("ID_ABOUT")->text(), QStringLiteral("&About Zorvo's Brendle..."));
 }
 

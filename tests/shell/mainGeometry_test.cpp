@@ -4,10 +4,12 @@
 #include "base/sessionState.h"
 #include "tests/fakes/installFakePlatform.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace zorvo {
 namespace {
+
+using testing::ElementsAre;
 
 class MainGeometryTest : public testing::Test {
 protected:
@@ -28,6 +30,17 @@ protected:
         store("MainTop", "450");
         store("MainWidth", "12000");
         store("MainHeight", "9000");
+    }
+
+    /// Keys read by a restore, in order.
+    std::vector<std::string> keysRead()
+    {
+        fakes.settings->read.clear();
+        restoreMainGeometry();
+        std::vector<std::string> keys;
+        for (const FakeSettings::Access& each : fakes.settings->read)
+            keys.push_back(each.sKey);
+        return keys;
     }
 
     const FakePlatform fakes;
@@ -82,6 +95,25 @@ TEST_F(MainGeometryTest, AHeightOrWidthOf199OpensMaximisedAnd200DoesNot)
     EXPECT_EQ(restoreMainGeometry().state, WindowState::normal);
 }
 
+TEST_F(MainGeometryTest, NoMoreIsReadThanIsNeeded)
+{
+    storePlace();
+    EXPECT_THAT(keysRead(), ElementsAre("MainState", "MainLeft", "MainTop", "MainHeight", "MainWidth"));
+    store("MainHeight", "199");
+    EXPECT_THAT(keysRead(), ElementsAre("MainState", "MainLeft", "MainTop", "MainHeight"));
+    store("MainState", "2");
+    EXPECT_THAT(keysRead(), ElementsAre("MainState"));
+}
+
+TEST_F(MainGeometryTest, AStateThatIsNoneOfTheThreeOpensNormalInTheStoredPlace)
+{
+    storePlace();
+    for (const char* sState : {"3", "-1", "elsewhere"}) {
+        store("MainState", sState);
+        EXPECT_EQ(restoreMainGeometry().state, WindowState::normal) << sState;
+    }
+}
+
 TEST_F(MainGeometryTest, AMinimisedStateWithNoPlaceOpensMaximised)
 {
     store("MainState", "1");
@@ -90,12 +122,16 @@ TEST_F(MainGeometryTest, AMinimisedStateWithNoPlaceOpensMaximised)
 
 TEST_F(MainGeometryTest, ANumberPast16BitsIsAnOverflow)
 {
-    store("MainState", "32768");
-    try {
-        restoreMainGeometry();
-        FAIL();
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), kOverflow);
+    for (const char* sKey : {"MainState", "MainLeft", "MainTop", "MainHeight", "MainWidth"}) {
+        storePlace();
+        store("MainState", "0");
+        store(sKey, "32768");
+        try {
+            restoreMainGeometry();
+            ADD_FAILURE() << sKey;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), kOverflow) << sKey;
+        }
     }
 }
 

@@ -14,6 +14,7 @@
 #include "shell/shellState.h"
 #include "tests/shell/MainFormTest.h"
 #include "tests/shell/modalForms.h"
+#include "window/MnemonicLabel.h"
 #include "window/StatusPanels.h"
 #include "window/clsMousePointer.h"
 
@@ -21,6 +22,7 @@
 #include <QCheckBox>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -173,6 +175,7 @@ TEST_F(SmallFormsTest, TheAboutBoxesQuickTourIsTheMainWindowsWhichLoadsItHidden)
     EXPECT_FALSE(form().isVisible());
     ASSERT_EQ(fakes.launcher->opened.size(), 1U);
     EXPECT_EQ(fakes.launcher->opened[0].sTarget, "http://tour.example");
+    EXPECT_EQ(fakes.launcher->opened[0].ownerWindow, static_cast<std::uintptr_t>(form().winId()));
 }
 
 TEST_F(SmallFormsTest, AClickOnTheSplashAsksTheMainFormsTimerToEndTheWait)
@@ -313,6 +316,46 @@ TEST_F(SmallFormsTest, TheEndOfTheSearchAsksWhetherToGoOn)
     whenModal("frmNoMoreSearch", [](QWidget& shown) { click(shown, "Command2"); });
     end.showModal();
     EXPECT_FALSE(end.bContinue);
+}
+
+TEST_F(SmallFormsTest, TheEndOfTheSearchClosedByItsBoxIsACancel)
+{
+    frmNoMoreSearch end;
+    whenModal("frmNoMoreSearch", [](QWidget& shown) { shown.close(); });
+    end.showModal();
+    EXPECT_FALSE(end.bContinue);
+}
+
+TEST_F(SmallFormsTest, TheSearchsDialogsCarryTheirTexts)
+{
+    frmTreeSearch search;
+    EXPECT_EQ(search.caption(), QStringLiteral("Locate Template"));
+    EXPECT_EQ(search.text(), "");
+    EXPECT_EQ(child<MnemonicLabel>(search, "Label1")->text(), QStringLiteral("Find What:"));
+    EXPECT_EQ(child<QLineEdit>(search, "Text1")->accessibleName(), QStringLiteral("Find What:"));
+    EXPECT_EQ(child<QPushButton>(search, "cmdFind")->text(), QStringLiteral("&Find Next"));
+    EXPECT_EQ(child<QPushButton>(search, "cmdClose")->text(), QStringLiteral("&Close"));
+    frmNoMoreSearch end;
+    EXPECT_EQ(end.caption(), QStringLiteral("Locate Template"));
+    EXPECT_EQ(
+        child<MnemonicLabel>(end, "Label1")->text().toStdString(),
+        "No additional matches were found in the Brendle tree. Click OK to continue searching from the top "
+        "of the tree list or click Cancel to close.");
+    EXPECT_EQ(child<QPushButton>(end, "Command1")->text(), QStringLiteral("OK"));
+    EXPECT_EQ(child<QPushButton>(end, "Command2")->text(), QStringLiteral("Cancel"));
+}
+
+TEST_F(SmallFormsTest, TheSearchsDialogsCarryTheirCompanysIcon)
+{
+    sessionState().gsCompanyID = "ABC";
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", bitmap(16));
+    frmTreeSearch search;
+    frmNoMoreSearch end;
+    for (Form* each : {static_cast<Form*>(&search), static_cast<Form*>(&end)}) {
+        each->load();
+        EXPECT_EQ(each->windowIcon().availableSizes(), QList<QSize>{QSize(16, 16)});
+        each->unload();
+    }
 }
 
 } // namespace
