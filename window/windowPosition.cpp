@@ -46,8 +46,8 @@ void setTopMost(QWidget& window, bool bTop)
     const Qt::WindowFlags others = window.windowFlags() & ~Qt::WindowStaysOnTopHint;
     window.overrideWindowFlags(bTop ? others | Qt::WindowStaysOnTopHint : others);
     native->setFlag(Qt::WindowStaysOnTopHint, bTop);
-    if (bTop)
-        window.raise();
+    // Also at the end: a window manager puts it back under the active window of another program.
+    window.raise();
 }
 
 void setOwnerWindow(QWidget& owned, const QWidget& owner)

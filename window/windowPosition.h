@@ -16,7 +16,8 @@ struct TwipsGeometry {
 TwipsGeometry clientGeometry(const QWidget& window);
 void setClientGeometry(QWidget& window, const TwipsGeometry& geometry);
 
-/// Keeps the window in front of all others, or lets it go back in the row. It isn't moved, sized or hidden.
+/// Keeps the window in front of all others, or leaves it in front until another one comes there. It isn't
+/// moved, sized or hidden.
 void setTopMost(QWidget& window, bool bTop);
 
 /// Keeps `owned` above `owner`, shown or not. Either may go first.

@@ -175,6 +175,24 @@ class Session:
         area = window.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
         return area.x, area.y, area.width, area.height
 
+    def stacking(self):
+        """Titles of the windows from the lowest to the one in front."""
+        ids = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"], env=self.env, capture_output=True,
+                             text=True).stdout.split("#")[-1].split(",")
+        titles = []
+        for each in ids:
+            out = subprocess.run(["xprop", "-id", each.strip(), "_NET_WM_NAME"], env=self.env, capture_output=True,
+                                 text=True).stdout
+            titles.append(out.split("=", 1)[-1].strip().strip('"'))
+        return titles
+
+    def window_states(self, title):
+        """Of all windows with that in their title, joined."""
+        ids = subprocess.run(["xdotool", "search", "--name", title], env=self.env, capture_output=True,
+                             text=True).stdout.split()
+        return "".join(subprocess.run(["xprop", "-id", each, "_NET_WM_STATE"], env=self.env, capture_output=True,
+                                      text=True).stdout for each in ids)
+
     def move(self, left, top, width, height):
         """The active window, by its window manager."""
         window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
