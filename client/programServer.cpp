@@ -6,6 +6,7 @@
 #include "platform/linux/RegistryStore.h"
 #include "platform/linux/busCall.h"
 #include "platform/linux/busErrors.h"
+#include "platform/linux/display.h"
 
 #include <QCoreApplication>
 #include <QDBusError>
@@ -54,8 +55,15 @@ QDBusConnection requiredSessionBus()
 std::shared_ptr<DBusRemoteObject> createProgramObject(const std::string& progId)
 {
     const QDBusConnection bus = requiredSessionBus();
-    ensureServer(bus, kBusName, QCoreApplication::applicationDirPath() + QStringLiteral("/zorvobrendle"));
-    return surelyReleased(DBusRemoteObject::create(bus, kBusName, QString::fromStdString(progId)));
+    try {
+        ensureServer(bus, kBusName, QCoreApplication::applicationDirPath() + QStringLiteral("/zorvobrendle"));
+        return surelyReleased(DBusRemoteObject::create(bus, kBusName, QString::fromStdString(progId)));
+    } catch (const RunTimeError& error) {
+        if (error.number() == kCannotCreateObject && !hasDisplay())
+            throw RunTimeError(kCannotCreateObject,
+                               "There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.");
+        throw;
+    }
 }
 
 std::shared_ptr<DBusRemoteObject> createAnyObject(const std::string& progId)

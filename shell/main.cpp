@@ -7,6 +7,7 @@
 #include "platform/linux/LibreOffice.h"
 #include "platform/linux/LinuxHelpViewer.h"
 #include "platform/linux/PageProcess.h"
+#include "platform/linux/display.h"
 #include "platform/linux/environmentFolders.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
@@ -22,6 +23,10 @@
 /// line.
 int main(int argc, char** argv)
 {
+    if (!zorvo::hasDisplay()) { // Qt would end the process by a signal
+        std::cerr << "zorvobrendle: there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set\n";
+        return 1;
+    }
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zorvobrendle"));
     QApplication::setDesktopFileName(QStringLiteral("com.zorvo.TSelector"));

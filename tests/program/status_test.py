@@ -73,6 +73,16 @@ class Status(unittest.TestCase):
     def test_all_offerings_whatever_the_other_flag_says(self):
         self.assert_answers("status-all.xml", "status", "--all", "--tessora")
 
+    def test_without_a_display_the_reason_is_told(self):
+        environment = {name: value for name, value in self.environment.items()
+                       if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE")}
+        for command, told in ((["dbus-run-session", "--", BRENDLE, "status"], "Error 429 - There is no display: "),
+                              ([f"{BUILD}/bin/zorvobrendle"], "zorvobrendle: there is no display: ")):
+            result = subprocess.run(command, env=environment, capture_output=True, text=True, timeout=SECONDS)
+            self.assertEqual(result.returncode, 1, result.stderr)
+            self.assertEqual(result.stdout, "")
+            self.assertIn(told + "neither DISPLAY nor WAYLAND_DISPLAY is set", result.stderr)
+
     def test_tree_order_is_the_newest_copy(self):
         self.assert_answers("treeorder.txt", "treeorder")
 
