@@ -261,6 +261,13 @@ TEST_F(ListProductYearsTest, IsNotStoppedByAKeyOf2002OfTheMachine)
     EXPECT_EQ(summary(scan()), "2002 False True;2002 False True;");
 }
 
+TEST_F(ListProductYearsTest, IsNotStoppedByAUsersYear2002WithoutInstallDefaults)
+{
+    addKey(HKEY_CURRENT_USER, "P\\2002");
+    addKey(HKEY_LOCAL_MACHINE, "P\\CurrentVersion");
+    EXPECT_EQ(summary(scan()), "2002 False True;2002 False True;");
+}
+
 TEST_F(ListProductYearsTest, OpensEachGroupKeyOncePerScan)
 {
     addYear(HKEY_LOCAL_MACHINE, "Tessora", "P", "2005", "x");

@@ -267,7 +267,7 @@ TEST_F(sGetProductStatusXMLTest, DoesNotLookIntoAGroupThatIsNotUsed)
 
 TEST_F(sGetProductStatusXMLTest, ComparesTheProductNameExactlyAndUntrimmed)
 {
-    setTreeOrder(treeGroup("G", "<Acronymn>a</Acronymn><Acronymn> A </Acronymn>"));
+    setTreeOrder(treeGroup("G", "<Acronymn>a</Acronymn><Acronymn> A</Acronymn><Acronymn>A </Acronymn>"));
     addYear(HKEY_LOCAL_MACHINE, "Tessora", "A", "2005", "x");
     EXPECT_EQ(status.sGetProductStatusXML(), statusDocument(statusGroup("G", "")));
 }

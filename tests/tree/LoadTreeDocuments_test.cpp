@@ -95,12 +95,12 @@ TEST_F(LoadTreeDocumentsTest, ShowsNoImageWithoutAnIconFile)
     EXPECT_EQ(node("a").image(), -1);
 }
 
-TEST_F(LoadTreeDocumentsTest, TrimsNameAndFile)
+TEST_F(LoadTreeDocumentsTest, TrimsNameAndFileAndNoGuid)
 {
     addNodeIcons();
-    load("<Document Guid='a'><Name>  Alpha  </Name><File>  a.dot  </File></Document>");
-    EXPECT_EQ(node("a").text(), "Alpha");
-    EXPECT_EQ(node("a").image(), 2);
+    load("<Document Guid=' a '><Name>  Alpha  </Name><File>  a.dot  </File></Document>");
+    EXPECT_EQ(node(" a ").text(), "Alpha");
+    EXPECT_EQ(node(" a ").image(), 2);
 }
 
 TEST_F(LoadTreeDocumentsTest, LosesTheRestOfOneFolderAtAGuidMetTwice)

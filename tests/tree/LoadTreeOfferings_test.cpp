@@ -33,6 +33,24 @@ TEST_F(AllOfferingsTest, ShowsAllOfferingsAndKeepsEmptyGroups)
     EXPECT_THAT(messages.tags(), IsEmpty());
 }
 
+TEST_F(AllOfferingsTest, TrimsTheTextsOfTheStatusDocument)
+{
+    fakes.files->addFile(
+        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle=' G ' TreeTitleShort='G' IconLarge='' "
+        "IconSmall=''>"
+        "<Acronymn numProdClassID=' 301 ' Name=' Alpha '>AB</Acronymn></ProductTreeGroup></ZorvoTree>");
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_THAT(lines(), ElementsAre("G|G|1", "  AB`301|Alpha|1"));
+}
+
+TEST_F(AllOfferingsTest, TakesTheListBarForBuiltAfterwards)
+{
+    treeState().bListBarLoaded = false;
+    LoadTree(tree, nullptr, true, false);
+    EXPECT_TRUE(treeState().bListBarLoaded);
+}
+
 TEST_F(AllOfferingsTest, LoadsTheTreesImagesThoughTheListBarIsLoaded)
 {
     addIcon("G16.ico");

@@ -47,6 +47,13 @@ TEST_F(LoadTreeTest, ComparesVersionsWithoutRegardToCase)
                product("AB", "C1", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
     load();
     EXPECT_THAT(keys(), ElementsAre("G", "{P2}", "{D2}"));
+
+    setStatus(group("G", entry({.sKey = "AB", .sVersion = "c1"}) + entry({.sKey = "AB", .sVersion = "C1"})));
+    setLibrary(product("AB", "c1", "{P1}", "AB", document("{D1}", "Doc", "a.dot")) +
+               product("AB", "C1", "{P2}", "AB", document("{D2}", "Doc", "a.dot")));
+    treeState().objLibraryDoc.reset();
+    load();
+    EXPECT_THAT(keys(), ElementsAre("G", "{P1}", "{D1}", "{P2}", "{D2}")) << "neither is newer";
 }
 
 TEST_F(LoadTreeTest, TrimsTheVersionsThatTheCurrentVersionFilterCompares)

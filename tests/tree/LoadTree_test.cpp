@@ -248,9 +248,10 @@ TEST_F(LoadTreeTest, LabelsEvaluationEditionsInEveryGroup)
 TEST_F(LoadTreeTest, TrimsTheTextsOfTheStatusDocument)
 {
     setStatus(group("G", entry({.sKey = " AB ", .sVersion = " 2007 ", .sTemplatePath = " C:\\T\\AB\\ "})));
-    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", "{P1}", "Own", document("{D1}", "Doc", "a.dot")));
+    setOwnLibrary("C:\\T\\AB\\", product("AB", "2007", " {P1}", "Own", document("{D1}", "Doc", "a.dot")));
     load();
-    EXPECT_NE(tree.find("{P1}`C:\\T\\AB\\Zorvo Library.xml"), nullptr);
+    EXPECT_NE(tree.find(" {P1}`C:\\T\\AB\\Zorvo Library.xml"), nullptr)
+        << "a catalogue's Guid is as it stands";
 }
 
 TEST_F(LoadTreeTest, PrunesProductsWithoutContentAndTheGroupsThatBecomeEmpty)

@@ -55,6 +55,7 @@ TEST_F(TreeImagesTest, LeavesIconsInSubfoldersOut)
     addIcon("more\\Excel16.ico");
     LoadTreeImages(tree);
     EXPECT_THAT(keysOf(tree.images()), ElementsAre("Word16.ico"));
+    EXPECT_THAT(messages.tags(), IsEmpty()) << "none was looked for";
 }
 
 TEST_F(TreeImagesTest, AnEmptyFolderGivesNoImagesAndEveryNodeShowsNone)
