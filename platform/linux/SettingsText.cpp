@@ -62,9 +62,11 @@ SettingsText::SettingsText(std::string_view bytes)
 {
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);
-    for (std::size_t end = bytes.find('\n'); end != std::string_view::npos; end = bytes.find('\n')) {
+    while (!bytes.empty()) {
+        // A last line without its end counts: somebody has written it by hand.
+        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
         std::string_view line = bytes.substr(0, end);
-        bytes.remove_prefix(end + 1);
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
         if (line.ends_with('\r'))
             line.remove_suffix(1);
         const std::string trimmed = trimBlanks(line);
