@@ -8,16 +8,13 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import SOURCE, Session, control, enabled, press, wait_for  # noqa: E402
+from session import SOURCE, ProgramTest, control, enabled, press, session, wait_for  # noqa: E402
 
-session = None
 VIEWER = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\SharedTools\\MSInfo\\Path"
 DOCUMENT = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\MSInfo.Document\\shell\\open\\command"
 
 
 def setUpModule():
-    global session
-    session = Session()
     # A folder of recorders ahead of all others: each notes its arguments, one to a line.
     recorders = session.folder + "/recorders"
     os.makedirs(recorders)
@@ -31,20 +28,7 @@ def setUpModule():
     subprocess.run(["dbus-update-activation-environment", "PATH=" + session.env["PATH"]], env=session.env, check=True)
 
 
-def tearDownModule():
-    session.end()
-
-
-class ProgramTest(unittest.TestCase):
-    def setUp(self):
-        session.end_program()
-        session.new_home()
-
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
-
+class RecordedTest(ProgramTest):
     def recorded(self, name):
         """The arguments that the recorder of that name was started with."""
         path = os.path.join(session.home, name)
@@ -66,7 +50,7 @@ class ProgramTest(unittest.TestCase):
             return file.read().decode()
 
 
-class About(ProgramTest):
+class About(RecordedTest):
     def test_by_command_leaves_the_window_to_work_in(self):
         session.brendle("show")
         window = session.active_window("TemplateTree")
@@ -117,7 +101,7 @@ class About(ProgramTest):
         self.assertEqual(client.returncode, 0)
 
 
-class Support(ProgramTest):
+class Support(RecordedTest):
     def press_support(self):
         client = session.start_brendle("about")
         box = session.window("frmAbout")
@@ -191,7 +175,7 @@ class Support(ProgramTest):
         self.end(client, box)
 
 
-class VersionReport(ProgramTest):
+class VersionReport(RecordedTest):
     def open_report(self, company=None):
         if company:
             session.brendle("setting", "set", company + "DisplaySplash", "False")

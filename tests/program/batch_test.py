@@ -9,40 +9,7 @@ import unittest
 import zipfile
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import Session, wait_for  # noqa: E402
-
-session = None
-
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    end_offices()
-    session.end()
-
-
-def offices(private):
-    """Process ids of this session's offices: our own one, whose settings lie in our cache, or the user's."""
-    found = []
-    for line in subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split():
-        try:
-            with open("/proc/%s/environ" % line, "rb") as file:
-                mine = ("HOME=" + session.home).encode() in file.read().split(b"\0")
-            with open("/proc/%s/cmdline" % line, "rb") as file:
-                own = b"zorvobrendle/office" in file.read()
-        except OSError:
-            continue
-        if mine and own == private:
-            found.append(int(line))
-    return found
-
-
-def end_offices():
-    for process in offices(True) + offices(False):
-        os.kill(process, 9)
+from session import ProgramTest, session, wait_for  # noqa: E402
 
 
 def flat(files, folder):
@@ -60,16 +27,13 @@ def flat(files, folder):
     return texts
 
 
-class Create(unittest.TestCase):
+class Create(ProgramTest):
     def setUp(self):
-        session.new_home()
+        super().setUp()
         self.folder = os.path.join(session.home, "made")
         self.profile = os.path.join(session.home, "profile.txt")
         with open(self.profile, "w", encoding="utf-8") as file:
             file.write("ClientName=Fröhlich & Söhne\nperiod end=December 31, 2026\npreparer=P. Moss\n")
-
-    def tearDown(self):
-        end_offices()
 
     def create(self, *what, check=True):
         return session.brendle("create", "--to", self.folder, *what, check=check)
@@ -109,7 +73,7 @@ class Create(unittest.TestCase):
     def test_an_office_that_is_killed_again_and_again_costs_single_documents(self):
         def kill(count):
             if count % 10 == 5:
-                for process in offices(True):
+                for process in session.offices(private=True):
                     os.kill(process, 9)
         lines, summary = self.watch(kill)
         self.assertGreaterEqual(len(lines), 39)
@@ -121,7 +85,7 @@ class Create(unittest.TestCase):
     def test_an_office_that_hangs_costs_one_document(self):
         def stop(count):
             if count == 3:
-                for process in offices(True):
+                for process in session.offices(private=True):
                     os.kill(process, 19)
         lines, summary = self.watch(stop, ZORVOBRENDLE_OFFICE_TIMEOUT_MS="3000")
         failed = self.check_outcomes(lines, summary)
@@ -152,18 +116,12 @@ class Ended:
         return self
 
     def __exit__(self, *_):
-        end_offices()
+        session.end_offices()
         self.office.wait(30)
 
 
-class UsersOffice(unittest.TestCase):
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        end_offices()
-
+class UsersOffice(ProgramTest):
     def test_unsaved_text_beside_a_batch_stays_untouched(self):
-        session.new_home()
         mine = os.path.join(session.home, "Documents", "mine.odt")
         source = os.path.join(session.home, "mine.txt")
         with open(source, "w", encoding="utf-8") as file:
@@ -180,12 +138,12 @@ class UsersOffice(unittest.TestCase):
             time.sleep(1)
             subprocess.run(["xdotool", "type", "--delay", "40", "unsaved words "], env=session.env, check=True)
             before = os.stat(mine).st_mtime_ns
-            process = offices(False)
+            process = session.offices(private=False)
             self.assertEqual(len(process), 1)
             session.brendle("create", "--to", session.home + "/made", "AUDT/2007/Management Letter",
                             "AUDT/2007/Trial Balance", "AUDT/2007/Legal Letter")
             self.assertEqual(len(os.listdir(session.home + "/made")), 3)
-            self.assertEqual(offices(False), process, "the same office")
+            self.assertEqual(session.offices(private=False), process, "the same office")
             self.assertEqual(os.stat(mine).st_mtime_ns, before, "nothing was saved behind the user's back")
             subprocess.run(["xdotool", "windowactivate", "--sync", window], env=session.env, check=True)
             session.key("ctrl+s")

@@ -6,29 +6,11 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import Session, control, enabled, press, wait_for  # noqa: E402
+from session import ProgramTest, control, enabled, session, wait_for  # noqa: E402
 
 COMPOUND_FILE = bytes.fromhex("D0CF11E0A1B11AE1")
-session = None
 
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    session.end_office()
-    session.end()
-
-
-class OneDocument(unittest.TestCase):
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_office()
-        session.end_program()
-
+class OneDocument(ProgramTest):
     def test_enter_on_a_workbook_opens_it_new_and_unsaved_and_the_program_stays(self):
         session.brendle("show")
         window = session.active_window("TemplateTree")
@@ -41,9 +23,9 @@ class OneDocument(unittest.TestCase):
         wait_for("the main window to be enabled again", lambda: enabled(control(window, "TreeView1")))
 
 
-class Create(unittest.TestCase):
+class Create(ProgramTest):
     def setUp(self):
-        session.new_home()
+        super().setUp()
         self.folder = os.path.join(session.home, "made", "here")
 
     def create(self, *what, check=True, env=None):

@@ -8,20 +8,10 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, Session, control, names, press, wait_for  # noqa: E402
+from session import BUILD, ProgramTest, control, names, press, session, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
-session = None
 PROGRAM = BUILD + "/program"
-
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    session.end()
 
 
 def native(path):
@@ -37,17 +27,8 @@ def engagement(file, title):
     return found[0]
 
 
-class Engagements(unittest.TestCase):
+class Engagements(ProgramTest):
     GENERAL = PROGRAM + "/TreeData/Zorvo_Engagement.xml"
-
-    def setUp(self):
-        session.end_program()
-        session.new_home()
-
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
 
     def open(self):
         self.client = session.start_brendle("engagements")

@@ -7,21 +7,10 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, Session, control, descendants, enabled, names, press, showing, wait_for  # noqa: E402
+from session import BUILD, ProgramTest, control, descendants, enabled, names, press, session, showing, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
 NAME = "com.zorvo.Help"
-session = None
-
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    end_viewer()
-    session.end()
 
 
 def end_viewer():
@@ -67,16 +56,9 @@ def wait_for_page(heading):
     wait_for("the page " + heading, lambda: page_text().startswith(heading))
 
 
-class HelpTest(unittest.TestCase):
-    def setUp(self):
-        session.end_program()
-        end_viewer()
-        session.new_home()
-
+class HelpTest(ProgramTest):
     def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
+        super().tearDown()
         end_viewer()
 
 

@@ -7,36 +7,16 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, Session, control, enabled, names, press, wait_for  # noqa: E402
+from session import BUILD, ProgramTest, control, enabled, names, press, session, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
-session = None
 
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    session.end()
-
-
-class ProgramTest(unittest.TestCase):
-    def setUp(self):
-        session.end_program()
-        session.new_home()
-
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
-
+class LifecycleTest(ProgramTest):
     def marker(self):
         return os.path.join(session.home, "Documents", "Halvern House", "Brendle", "DFS_DFK.txt")
 
 
-class Show(ProgramTest):
+class Show(LifecycleTest):
     def test_a_first_request_starts_the_process_and_shows_the_filled_tree(self):
         self.assertIsNone(session.owner())
         session.brendle("show")
@@ -118,7 +98,7 @@ class Show(ProgramTest):
         self.assertEqual(session.window("TemplateTree").get_name(), "OT&R's Brendle")
 
 
-class End(ProgramTest):
+class End(LifecycleTest):
     def test_the_close_box_ends_the_process_and_keeps_the_place(self):
         session.brendle("show")
         session.active_window("TemplateTree")
@@ -176,7 +156,7 @@ class End(ProgramTest):
         session.wait_for_end(10)
 
 
-class Select(ProgramTest):
+class Select(LifecycleTest):
     def select_two(self):
         window = session.active_window("TemplateTree")
         new = control(window, "ID_NEW")
@@ -206,7 +186,7 @@ class Select(ProgramTest):
         self.assertFalse(os.path.exists(self.marker()))
 
 
-class MainWindow(ProgramTest):
+class MainWindow(LifecycleTest):
     def test_the_description_follows_the_selection(self):
         session.brendle("show")
         window = session.active_window("TemplateTree")
@@ -241,7 +221,7 @@ class MainWindow(ProgramTest):
                            check=True)
 
 
-class Framework(ProgramTest):
+class Framework(LifecycleTest):
     def test_a_missing_framework_is_told_and_ends_the_process(self):
         session.brendle("registry", "delete", "HKEY_CLASSES_ROOT\\Brendle.ActXManager")
         client = session.start_brendle("show")

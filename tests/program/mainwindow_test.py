@@ -7,20 +7,8 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import Session, control, enabled, names, press, showing, wait_for  # noqa: E402
+from session import ProgramTest, control, enabled, names, press, session, showing, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
-
-session = None
-
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    session.end_office()
-    session.end()
 
 
 def name(accessible):
@@ -48,17 +36,7 @@ def selected(tree):
     return texts
 
 
-class MainWindow(unittest.TestCase):
-    def setUp(self):
-        session.end_program()
-        session.new_home()
-
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_office()
-        session.end_program()
-
+class MainWindow(ProgramTest):
     def store_place(self, left, top, width, height, state=0):
         for key, value in (("State", state), ("Left", left), ("Top", top), ("Width", width), ("Height", height)):
             session.brendle("setting", "set", "Main" + key, str(value))
@@ -93,7 +71,7 @@ class MainWindow(unittest.TestCase):
         wait_for("the office's window", lambda: any(each.startswith("Untitled") for each in session.office_windows()),
                  60)
         wait_for("the main window to be enabled again", lambda: enabled(control(window, "TreeView1")))
-        session.end_office()
+        session.end_offices()
         window = session.window("TemplateTree")
         process = session.owner()
         # By the bus rather than by Alt+F4, which the office's window could take.

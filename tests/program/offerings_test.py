@@ -14,10 +14,9 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, Session, control, descendants, enabled, names, press, showing, wait_for  # noqa: E402
+from session import BUILD, ProgramTest, control, descendants, enabled, names, press, session, showing, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
-session = None
 NOT_CONNECTED = "View latest information on the web (not connected)"
 CONNECTED = "View latest information on the web (connected)"
 QUERY = "&txtFuse=dspShellProductDetail&numSiteID=2&numTaxonomyTypeID=29&numTaxonomyID=232"
@@ -69,8 +68,7 @@ def set_environment(**variables):
 
 
 def setUpModule():
-    global session, site, server
-    session = Session()
+    global site, server
     server = Server(("127.0.0.1", 0), Site)
     threading.Thread(target=server.serve_forever, daemon=True).start()
     site = "http://127.0.0.1:%d" % server.server_address[1]
@@ -87,22 +85,15 @@ def tearDownModule():
     Site.released.set()
     server.shutdown()
     server.server_close()
-    session.end()
 
 
-class OfferingsTest(unittest.TestCase):
+class OfferingsTest(ProgramTest):
     def setUp(self):
-        session.end_program()
-        session.new_home()
+        super().setUp()
         Site.asked.clear()
         self.make_program(site + "/start")
         if os.path.exists(session.folder + "/opened"):
             os.remove(session.folder + "/opened")
-
-    def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
 
     def make_program(self, home_page):
         """A program folder whose publisher has its site at that address."""

@@ -13,9 +13,7 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import Session, wait_for  # noqa: E402
-
-session = None
+from session import session, wait_for  # noqa: E402
 
 PAGES = {
     "/": "<a href='/next'>next</a>",
@@ -121,8 +119,7 @@ class PageProcess:
 
 
 def setUpModule():
-    global session, site, server
-    session = Session()
+    global site, server
     server = Server(("127.0.0.1", 0), Site)
     threading.Thread(target=server.serve_forever, daemon=True).start()
     site = "http://127.0.0.1:%d" % server.server_address[1]
@@ -132,7 +129,6 @@ def tearDownModule():
     Site.released.set()
     server.shutdown()
     server.server_close()
-    session.end()
 
 
 class PageTest(unittest.TestCase):

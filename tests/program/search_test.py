@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, SOURCE, Session, control, descendants, press, showing, wait_for  # noqa: E402
+from session import BUILD, SOURCE, ProgramTest, control, descendants, press, session, showing, wait_for  # noqa: E402
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, SOURCE + "/sample/tools")
@@ -22,29 +22,6 @@ from gi.repository import Atspi  # noqa: E402
 READER = BUILD + "/tests/program/zorvo-office-reader"
 LIBRARY = "SablewoodLibrary"
 LIBRARY_KEY = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Zorvo\\Quillbook\\SablewoodLibrary\\2007\\InstallDefaults"
-session = None
-
-
-def setUpModule():
-    global session
-    session = Session()
-
-
-def tearDownModule():
-    end_office()
-    session.end()
-
-
-def end_office():
-    """The user's office of this session's home, and no other."""
-    for line in subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split():
-        try:
-            with open("/proc/%s/environ" % line, "rb") as file:
-                mine = ("HOME=" + session.home).encode() in file.read().split(b"\0")
-        except OSError:
-            continue
-        if mine:
-            os.kill(int(line), 9)
 
 
 def examples(edition, year):
@@ -131,20 +108,17 @@ def button(window, name):
     raise AssertionError("no button " + name)
 
 
-class SearchTest(unittest.TestCase):
+class SearchTest(ProgramTest):
     def setUp(self):
-        session.new_home()
+        super().setUp()
         self.set_word("11.0")
         self.client = None
 
     def tearDown(self):
-        if not self._outcome.success:
-            session.screenshot(self.id())
-        session.end_program()
+        super().tearDown()
         if self.client:
             self.client.kill()
             self.client.communicate()
-        end_office()
 
     @staticmethod
     def set_word(version):

@@ -1,11 +1,13 @@
 """A whole session for tests of the real programs: a home of its own, a virtual display with a window manager, a session
 bus that knows the programs of a build tree, and the accessibility bus to read and press what a person would."""
 
+import atexit
 import os
 import shutil
 import subprocess
 import tempfile
 import time
+import unittest
 
 import gi
 
@@ -143,19 +145,29 @@ class Session:
             os.kill(process, 15)
             wait_for("the killed program to go", lambda: self.owner() is None)
 
-    # The user's office
+    # The office suite
 
-    def end_office(self):
-        """The office of this session's home, and no other."""
-        found = subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split()
-        for process in found:
+    def offices(self, private):
+        """Process ids of this session's offices: the program's own one, whose settings lie in its cache, or the user's."""
+        found = []
+        for process in subprocess.run(["pgrep", "-f", "soffice.bin"], capture_output=True, text=True).stdout.split():
             try:
                 with open("/proc/%s/environ" % process, "rb") as file:
-                    mine = ("HOME=" + self.home).encode() in file.read().split(b"\0")
+                    here = ("HOME=" + self.home).encode() in file.read().split(b"\0")
+                with open("/proc/%s/cmdline" % process, "rb") as file:
+                    own = b"zorvobrendle/office" in file.read()
             except OSError:
                 continue
-            if mine:
-                os.kill(int(process), 9)
+            if here and own == private:
+                found.append(int(process))
+        return found
+
+    def end_offices(self):
+        for process in self.offices(private=True) + self.offices(private=False):
+            try:
+                os.kill(process, 9)
+            except ProcessLookupError:
+                pass
 
     def office_windows(self):
         """Titles of its windows that can be seen."""
@@ -301,3 +313,23 @@ def press(accessible):
                 pass
             return
     raise AssertionError("nothing to press on " + accessible.get_name())
+
+
+# One for the file that imports it: the accessibility library connects once in a process.
+session = Session()
+atexit.register(session.end)
+
+
+class ProgramTest(unittest.TestCase):
+    """A test of the real programs: it begins with a new home and none of them running, and leaves none. What the screen
+    shows when it fails is kept."""
+
+    def setUp(self):
+        session.end_program()
+        session.new_home()
+
+    def tearDown(self):
+        if not self._outcome.success:
+            session.screenshot(self.id())
+        session.end_program()
+        session.end_offices()
