@@ -38,6 +38,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void fillMenuBar(const ToolBand& band);
@@ -48,6 +49,7 @@ private:
     void showMenuTool(const Tool& tool);
     void showToolbarTool(const Tool& tool);
     void tidySeparators();
+    void showMoreIcon();
     void showSideStrip();
 
     ToolPool& pool_;

@@ -3,9 +3,12 @@
 #include "base/text.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMessageBox>
 #include <QWindow>
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
 
@@ -79,6 +82,20 @@ void ownByActiveWindow(QMessageBox& box)
     box.windowHandle()->setTransientParent(front->windowHandle());
 }
 
+/// Wide enough for its title, which says of a failure where it happened.
+void makeRoomForTitle(const QMessageBox& box)
+{
+    constexpr int kBesideTitle = 60; // what the frame has more than icon and margins
+    constexpr int kMost = 640;
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label)
+        return;
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
+    label->setMinimumWidth(std::min(title + kBesideTitle, kMost));
+}
+
 int showStandardBox(const std::string& sPrompt, int nStyle, const std::string& sTitle)
 {
     QMessageBox box;
@@ -89,6 +106,7 @@ int showStandardBox(const std::string& sPrompt, int nStyle, const std::string& s
     box.setIcon(iconOf(nStyle));
     box.setStandardButtons(buttonsOf(nStyle));
     box.setWindowModality(Qt::ApplicationModal);
+    makeRoomForTitle(box);
     ownByActiveWindow(box);
     return resultOf(box.exec());
 }

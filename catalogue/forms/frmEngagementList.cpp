@@ -35,6 +35,7 @@ frmEngagementList::frmEngagementList()
     resize(kDefaultSize);
     List1_->setObjectName(QStringLiteral("List1"));
     Label1_->setBuddy(List1_);
+    List1_->setStyleSheet(QStringLiteral("QListView::item { padding: 3px 0; }"));
     btnView_->setObjectName(QStringLiteral("btnView"));
     cmdOK_->setObjectName(QStringLiteral("cmdOK"));
     cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));

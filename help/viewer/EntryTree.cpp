@@ -101,6 +101,13 @@ void EntryTree::filter(const QString& text)
         matches(topLevelItem(i), text.trimmed());
 }
 
+void EntryTree::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    // As wide as its longest entry, and a selected entry reaches to the edge.
+    header()->setMinimumSectionSize(viewport()->width());
+}
+
 void EntryTree::choose(const QTreeWidgetItem* item)
 {
     if (!item)

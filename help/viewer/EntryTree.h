@@ -19,6 +19,9 @@ public:
     /// Shows only the entries that hold the text, with what they stand below; all for an empty text.
     void filter(const QString& text);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 Q_SIGNALS:
     void pageChosen(const QString& target);
     /// Look under that word instead.

@@ -150,6 +150,17 @@ void HelpWindow::setIcons()
     setWindowIcon(helpIcon(HelpIcon::help, palette()));
 }
 
+/// From the text's own colour: a dark desktop may have none for placeholders.
+void HelpWindow::dimPlaceholders()
+{
+    QColor dimmed = palette().color(QPalette::Text);
+    dimmed.setAlphaF(0.5F);
+    QPalette colours;
+    colours.setColor(QPalette::PlaceholderText, dimmed);
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->setPalette(colours);
+}
+
 QWidget* HelpWindow::buildIndex()
 {
     auto* pane = new QWidget;
@@ -204,6 +215,7 @@ void HelpWindow::openTab(int nTab)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(inside);
     markUiIds(*inside);
+    dimPlaceholders();
     // At once: what is shown from the event loop can't take the focus before.
     inside->show();
 }
@@ -303,8 +315,10 @@ void HelpWindow::setTopMost(bool bTop)
 void HelpWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && home_)
+    if (event->type() == QEvent::PaletteChange && home_) {
         setIcons();
+        dimPlaceholders();
+    }
 }
 
 } // namespace zorvo::help

@@ -46,6 +46,7 @@ private:
     void pageChanged();
     void setNotice(const QString& text);
     void setIcons();
+    void dimPlaceholders();
     void openTab(int nTab);
     void setPaneShown(bool bShown);
     void zoom(int nSteps);

@@ -26,6 +26,7 @@ SWDSearchHelpText::SWDSearchHelpText()
                                            "the word account, accounts, or accounting)."),
                             this))
 {
+    setCaption(QStringLiteral("Search Rules"));
     auto* layout = new QVBoxLayout(this);
     spaceForm(*layout);
     layout->addWidget(Label1_);

@@ -23,8 +23,9 @@
 #include "window/MainFormGate.h"
 #include "window/pendingEvents.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEventLoop>
+#include <QIcon>
 
 /// Pictures of a static library come in by name; outside any namespace, as the macro wants it.
 static void initPictures()
@@ -99,6 +100,8 @@ public:
 void installQtForms()
 {
     initPictures();
+    // Of the windows that have none of their own.
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/brendle.svg")));
     static QtShellForms forms;
     static QtMainFormGate gate;
     shellState().forms = &forms;

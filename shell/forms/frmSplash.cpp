@@ -10,6 +10,7 @@
 #include "support/versionText.h"
 #include "window/Picture.h"
 #include "window/clsMousePointer.h"
+#include "window/spacing.h"
 
 #include <QEvent>
 #include <QIcon>
@@ -35,6 +36,7 @@ frmSplash::frmSplash()
     picSplash_->installEventFilter(this);
     lblVersion_->setObjectName(QStringLiteral("lblVersion"));
     lblVersion_->setAlignment(Qt::AlignRight);
+    lblVersion_->setContentsMargins(kSpacing, 0, kSpacing, kSpacing / 2);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(picSplash_);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
@@ -161,6 +162,32 @@ TEST_F(HelpWindowTest, AChosenLineShowsItsPageAndBackReturns)
     EXPECT_EQ(page()->page(), QStringLiteral("/sub/three.htm"));
     action(QStringLiteral("Home"))->trigger();
     EXPECT_EQ(page()->page(), QStringLiteral("/one.htm"));
+}
+
+TEST_F(HelpWindowTest, ALineReachesToTheEdgeOfThePaneAndALongOneScrolls)
+{
+    show(threePages());
+    auto* contents = child<EntryTree>("Contents");
+    const auto line = [&] { return contents->visualItemRect(contents->topLevelItem(0)).right() + 1; };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line() == contents->viewport()->width(); }));
+    contents->topLevelItem(1)->setText(0, QString(300, QLatin1Char('m')));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line() > contents->viewport()->width(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contents->horizontalScrollBar()->maximum() > 0; }));
+}
+
+TEST_F(HelpWindowTest, WhatAFieldIsForCanBeReadOnADarkDesktopToo)
+{
+    show(threePages());
+    QPalette dark;
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::PlaceholderText, Qt::black);
+    window_->setPalette(dark);
+    for (const auto& [nTab, field] : {std::pair(1, "IndexText"), std::pair(2, "SearchText")}) {
+        tabs()->setCurrentIndex(nTab);
+        const QColor colour = child<QLineEdit>(field)->palette().color(QPalette::PlaceholderText);
+        EXPECT_EQ(colour.red(), 255) << field;
+        EXPECT_LT(colour.alpha(), 255) << field;
+    }
 }
 
 TEST_F(HelpWindowTest, ALineThatLeadsOutIsRefusedWithAWord)

@@ -63,6 +63,20 @@ TEST(MessageBox, HasTheButtonsAndTheIconOfItsStyle)
         });
 }
 
+TEST(MessageBox, IsWideEnoughForItsTitle)
+{
+    const std::string sTitle = "Zorvo's Brendle:  TemplateTree.RefreshAddInCopy";
+    QTimer::singleShot(0, qApp, [&] {
+        EXPECT_TRUE(waitUntil([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }));
+        QFont bold = boxInFront().font();
+        bold.setBold(true);
+        EXPECT_GT(boxInFront().width(),
+                  QFontMetrics(bold).horizontalAdvance(QString::fromStdString(sTitle)) + 100);
+        press(boxInFront(), QMessageBox::Ok);
+    });
+    showMessageBox("Error 76", kMsgInformation, sTitle);
+}
+
 TEST(MessageBox, ShowsItsTextsAsTheyAre)
 {
     answered("Tom & Jerry <b>\r\nsecond line\rthird && fourth", 0, [](QMessageBox& box) {
