@@ -160,6 +160,7 @@ void GuardedPage::follow(const QWebEngineLoadingInfo& info)
         state_ = State::waiting;
         underWay_ = info.url();
         silence_.start(kLongestSilenceMs);
+        lastWord_.stop();
         Q_EMIT pageStarted();
         return;
     }
@@ -186,6 +187,7 @@ void GuardedPage::stop()
 {
     state_ = State::quiet;
     silence_.stop();
+    lastWord_.stop();
     Q_EMIT pageStopped();
 }
 

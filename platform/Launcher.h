@@ -12,7 +12,7 @@ public:
 
     virtual ~Launcher() = default;
 
-    /// `target` is an address or a backslash path. The code is the platform's: above 32 is success. Nothing
+    /// `target` is an address or a backslash path, also with "file://" in front. The code is the platform's: above 32 is success. Nothing
     /// is raised: callers do not look. `ownerWindow` is the native handle of the window that asks, 0 for
     /// none.
     virtual int open(const std::string& target, const std::string& parameters, const std::string& directory,

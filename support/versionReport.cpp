@@ -104,14 +104,14 @@ std::string pageText()
 
 } // namespace
 
-void ShowVersionReport()
+void ShowVersionReport(std::uintptr_t ownerWindow)
 {
     const std::string sPage = pageText();
     const std::string sFolder = cutAtNull(platform().folders->temporary());
     // The folder's own backslash may double this one, which a path bears.
     const std::string sFile = sFolder + "\\VersionReport.htm";
     platform().files->write(sFile, sPage + "\r\n");
-    platform().launcher->open(sFile, "0", sFolder, Launcher::Show::maximised);
+    platform().launcher->open(sFile, "0", sFolder, Launcher::Show::maximised, ownerWindow);
 }
 
 std::string sGetFamilyRows(const std::string& sFamily)

@@ -271,7 +271,7 @@ void frmAllProducts::cmdSearch_Click()
 {
     const std::string sFolder = GetZorvoPath(true) + "TreeData\\";
     platform().launcher->open(sFolder + "Zorvo LIBRARY TEMPLATE REPORT.HTM", "0", sFolder,
-                              Launcher::Show::maximised);
+                              Launcher::Show::maximised, static_cast<std::uintptr_t>(winId()));
     if (offeringsHost().releaseOffice)
         offeringsHost().releaseOffice();
 }

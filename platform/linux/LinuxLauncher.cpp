@@ -22,6 +22,15 @@ bool exists(const std::string& native)
     return stat(native.c_str(), &status) == 0;
 }
 
+/// A page of the machine may come as "file://" and its backslash path, which no browser knows.
+std::string withoutFileScheme(const std::string& target)
+{
+    constexpr std::string_view kFileScheme = "file://";
+    const bool bFile = target.starts_with(kFileScheme) && !target.starts_with("file:///");
+    std::string path = bFile ? target.substr(kFileScheme.size()) : std::string();
+    return parseDosPath(path) ? path : target;
+}
+
 /// The rest of a command line as arguments: parted by blanks, quotes hold them together, \" is a quote.
 std::vector<std::string> splitArguments(std::string_view rest)
 {
@@ -85,7 +94,7 @@ LinuxLauncher::LinuxLauncher(DosPaths paths)
 int LinuxLauncher::open(const std::string& target, const std::string& /*parameters*/,
                         const std::string& directory, Show /*show*/, std::uintptr_t /*ownerWindow*/)
 {
-    const std::string sTarget = cutAtNull(target);
+    const std::string sTarget = withoutFileScheme(cutAtNull(target));
     const bool bPath = parseDosPath(sTarget).has_value();
     const std::string native = bPath ? paths_.toNative(sTarget) : sTarget;
     if ((bPath && !exists(native)) || native.starts_with('-'))

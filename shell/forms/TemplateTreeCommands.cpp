@@ -72,7 +72,7 @@ void TemplateTree::mapCommands()
         {"ID_ABOUT", [this] { ShowAboutBox(); }},
         {"ID_WORD", [this] { newWordDocument(); }},
         {"ID_EXCEL", [this] { newExcelWorkbook(); }},
-        {"ID_PRODVERSION", [] { ShowVersionReport(); }},
+        {"ID_PRODVERSION", [this] { ShowVersionReport(winId()); }},
     };
 }
 

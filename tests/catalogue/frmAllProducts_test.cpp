@@ -343,6 +343,7 @@ TEST_F(OfferingsForm, SearchOpensTheReportMaximisedAndLetsGoOfTheOffice)
     EXPECT_EQ(opened.sParameters, "0");
     EXPECT_EQ(opened.sDirectory, "C:\\Zorvo\\TreeData\\");
     EXPECT_EQ(opened.show, Launcher::Show::maximised);
+    EXPECT_EQ(opened.ownerWindow, static_cast<std::uintptr_t>(form->winId()));
     EXPECT_EQ(nReleased, 1);
 }
 

@@ -77,6 +77,22 @@ TEST_F(LauncherTest, APathGoesInItsNativeForm)
     EXPECT_TRUE(answer().starts_with("<" + (folder / "data/drive_c/Dir/Report.htm") + ">\n"));
 }
 
+TEST_F(LauncherTest, AFileAddressWithABackslashPathGoesInItsNativeForm)
+{
+    putProgram(folder / "bin/xdg-open");
+    putFile(folder / "data/drive_c/HTML/A b.htm", "x");
+    EXPECT_GT(launcher.open("file://C:\\html\\a B.htm", "", "", Launcher::Show::normal), 32);
+    EXPECT_TRUE(answer().starts_with("<" + (folder / "data/drive_c/HTML/A b.htm") + ">\n"));
+    EXPECT_EQ(launcher.open("file://C:\\html\\none.htm", "", "", Launcher::Show::normal), 2);
+}
+
+TEST_F(LauncherTest, AnyOtherFileAddressGoesAsItIs)
+{
+    putProgram(folder / "bin/xdg-open");
+    EXPECT_GT(launcher.open("file:///tmp/a%20b.htm", "", "", Launcher::Show::normal), 32);
+    EXPECT_TRUE(answer().starts_with("<file:///tmp/a%20b.htm>\n"));
+}
+
 TEST_F(LauncherTest, AnEmptyAddressIsPassedOnAndRaisesNothing)
 {
     putProgram(folder / "bin/xdg-open");

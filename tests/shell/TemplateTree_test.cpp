@@ -361,6 +361,7 @@ TEST_F(TemplateTreeTest, TheLatestVersionReportIsACommandAndOpensItsPage)
     action->trigger();
     ASSERT_EQ(fakes.launcher->opened.size(), 1U);
     EXPECT_THAT(fakes.launcher->opened[0].sTarget, testing::EndsWith("\\VersionReport.htm"));
+    EXPECT_EQ(fakes.launcher->opened[0].ownerWindow, static_cast<std::uintptr_t>(form().winId()));
     EXPECT_THAT(fakes.files->content(fakes.launcher->opened[0].sTarget).value_or(""),
                 HasSubstr("<tr><td>SablewoodLibrary</td><td></td></tr>"));
 }

@@ -110,7 +110,7 @@ protected:
 /// The page is one line; its golden file has an element to a line.
 TEST_P(GoldenReports, TheVersionReportReadsAsItMust)
 {
-    ShowVersionReport();
+    ShowVersionReport(0);
     const std::string sPage =
         replaceAll(GoldenMachine::goldenText(std::string("version-report-") + GetParam() + ".htm"), "\n", "");
     EXPECT_EQ(machine.fakes.files->content("C:\\Users\\Test\\Temp\\VersionReport.htm"), sPage + "\r\n");

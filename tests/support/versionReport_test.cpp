@@ -22,6 +22,8 @@ using testing::StartsWith;
 constexpr const char* kNoProducts = "<tr><td>There are no products installed in this category.</td></tr>";
 constexpr const char* kPage = "C:\\Users\\Test\\Temp\\\\VersionReport.htm";
 
+constexpr std::uintptr_t kMainWindow = 77;
+
 class VersionReport : public testing::Test {
 protected:
     VersionReport() { sessionState() = SessionState(); }
@@ -56,7 +58,7 @@ protected:
     }
     std::string page()
     {
-        ShowVersionReport();
+        ShowVersionReport(kMainWindow);
         return fakes.files->content(kPage).value_or("(no page)");
     }
 
@@ -264,6 +266,7 @@ TEST_F(VersionReport, OpensThePageMaximisedFromTheTemporaryFolder)
     EXPECT_EQ(opened.sParameters, "0");
     EXPECT_EQ(opened.sDirectory, "C:\\Users\\Test\\Temp\\");
     EXPECT_EQ(opened.show, Launcher::Show::maximised);
+    EXPECT_EQ(opened.ownerWindow, kMainWindow);
 }
 
 TEST_F(VersionReport, ReplacesThePageAtEachRun)
@@ -278,21 +281,21 @@ TEST_F(VersionReport, CutsTheTemporaryFolderAtAZeroCharacter)
 {
     fakes.folders->sTemporary = std::string("C:\\Temp\0rest", 12);
     fakes.files->addFolder("C:\\Temp");
-    ShowVersionReport();
+    ShowVersionReport(kMainWindow);
     EXPECT_TRUE(fakes.files->content("C:\\Temp\\VersionReport.htm"));
 }
 
 TEST_F(VersionReport, OpensNothingThatItCouldntWrite)
 {
     fakes.files->failOn(FakeFiles::Operation::write, "", kDiskFull);
-    EXPECT_THROW(ShowVersionReport(), RunTimeError);
+    EXPECT_THROW(ShowVersionReport(kMainWindow), RunTimeError);
     EXPECT_THAT(fakes.launcher->opened, IsEmpty());
 }
 
 TEST_F(VersionReport, GivesNoMessageForAPageThatCantBeOpened)
 {
     fakes.launcher->nOpenResult = 31;
-    EXPECT_NO_THROW(ShowVersionReport());
+    EXPECT_NO_THROW(ShowVersionReport(kMainWindow));
 }
 
 } // namespace
