@@ -12,9 +12,9 @@ public:
 
     virtual ~Launcher() = default;
 
-    /// `target` is an address or a backslash path, also with "file://" in front. The code is the platform's: above 32 is success. Nothing
-    /// is raised: callers do not look. `ownerWindow` is the native handle of the window that asks, 0 for
-    /// none.
+    /// `target` is an address or a backslash path, also with "file://" in front. The code is the platform's:
+    /// above 32 is success. Nothing is raised: callers do not look. `ownerWindow` is the native handle of the
+    /// window that asks, 0 for none.
     virtual int open(const std::string& target, const std::string& parameters, const std::string& directory,
                      Show show, std::uintptr_t ownerWindow = 0) = 0;
 

@@ -49,6 +49,9 @@ struct ExpectedNode {
 };
 std::string statusNode(const ExpectedNode& node);
 
+/// A square picture file of that many pixels.
+std::string pictureBytes(int nSize);
+
 /// The number of the RunTimeError that the call throws, 0 when it throws none.
 int numberOfFailure(const std::function<void()>& call);
 

@@ -236,6 +236,14 @@ TEST_F(EngagementListTest, ALoadingThatFailsKeepsTheRowsBeforeIt)
     EXPECT_THAT(list.texts(), ElementsAre("First"));
 }
 
+TEST_F(EngagementListTest, APackageThatBreaksTheExpressionFailsTheChoice)
+{
+    install("AUD", "2006");
+    write("C:\\T\\AUD2006\\Zorvo_Engagement.xml", engagement("One", "AUD", "2006", " package='5\"'"));
+    load();
+    EXPECT_NE(numberOfFailure([this] { list.selectionDocument(0); }), 0);
+}
+
 TEST_F(EngagementListTest, TheSelectionHoldsThePathUnescapedAndTheEngagementWhole)
 {
     addYear(HKEY_LOCAL_MACHINE, "Tessora", "AUD", "2006", "C:\\A & B\\");
@@ -308,8 +316,10 @@ TEST_F(EngagementForm, ItsControlsSayWhatTheyAreFor)
 TEST_F(EngagementForm, AnotherCompanyGetsItsIconAndWording)
 {
     StoreCompanyID("ABC");
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", pictureBytes(24));
     form.load();
     EXPECT_EQ(form.caption(), QStringLiteral("ABC Engagements"));
+    EXPECT_THAT(form.windowIcon().availableSizes(), ElementsAre(QSize(24, 24)));
 }
 
 TEST_F(EngagementForm, ComesUpOnTopOfAllWindows)
@@ -402,6 +412,18 @@ TEST_F(EngagementForm, TheToggleSavesMovesTheTreeAndFillsTheListAnew)
     EXPECT_EQ(button("btnView").text(), QStringLiteral("View My Current and Prior Releases"));
     EXPECT_EQ(rows().count(), 1);
     EXPECT_THAT(calls, ElementsAre("save all", "tree all", "save current", "tree current"));
+}
+
+TEST_F(EngagementForm, AFailureOfTheToggleIsToldWithTheRowsAndTheCaptionThatThereAreByThen)
+{
+    form.load();
+    write(kGeneral, engagement("First", "AUD", "2005") + "<engagement path=\"AUD\" year=\"2005\"/>");
+    button("btnView").click();
+    ASSERT_EQ(messages.reports.size(), 1U);
+    EXPECT_EQ(messages.reports[0].nNumber, kObjectNotSet);
+    EXPECT_EQ(rows().count(), 1);
+    EXPECT_EQ(button("btnView").text(), QStringLiteral("View My Current Releases"));
+    EXPECT_FALSE(sessionState().bShowCurrentOnly);
 }
 
 TEST_F(EngagementForm, ANewLoadingForgetsTheResult)

@@ -1,5 +1,6 @@
 #include "catalogue/forms/frmAllProducts.h"
 
+#include "branding/companyIdentity.h"
 #include "tests/catalogue/OfferingsForm.h"
 #include "window/MainFormGate.h"
 #include "window/PageView.h"
@@ -43,6 +44,15 @@ TEST_F(OfferingsForm, OpensAtItsSizeWithBothBoxesUnchecked)
               QStringLiteral("Click here to view and/or search for documents in a library"));
     EXPECT_EQ(button("cmdOK").text(), QStringLiteral("OK"));
     EXPECT_EQ(button("cmdHelp").text(), QStringLiteral("&Help"));
+}
+
+TEST_F(OfferingsForm, AnotherCompanyGetsItsIconAndWording)
+{
+    StoreCompanyID("ABC");
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", pictureBytes(24));
+    open();
+    EXPECT_EQ(form->caption(), QStringLiteral("ABC's Brendle Offerings"));
+    EXPECT_THAT(form->windowIcon().availableSizes(), ElementsAre(QSize(24, 24)));
 }
 
 TEST_F(OfferingsForm, TheEngineStartsAheadOfTheTree)
@@ -148,6 +158,9 @@ TEST_F(OfferingsForm, AnOfferingWithoutAUsableClassNumberShowsItsOfflinePageWhat
     EXPECT_THAT(engine->navigated,
                 ElementsAre(offline("ZER"), offline("NEG"), offline("TXT"), offline("Tessora")));
     EXPECT_THAT(inBrowser(), IsEmpty()) << "the browser isn't involved until the page is there";
+    select("ZER`0");
+    finish(offline("ZER"));
+    EXPECT_THAT(inBrowser(), ElementsAre(offline("ZER"))) << "whatever page it is that is there";
 }
 
 TEST_F(OfferingsForm, ConShowsCncOfflineAndItsClassOnline)
@@ -232,6 +245,15 @@ TEST_F(OfferingsForm, AFollowedLinkChecksTheBoxAndFromThenOnWebPagesShow)
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
     select("REV`302");
     EXPECT_THAT(engine->navigated, ElementsAre(online("302")));
+}
+
+TEST_F(OfferingsForm, AFollowedLinkWithinTheFolderCountsAsOneToTheWebToo)
+{
+    openToFirstPage();
+    finish(offline("REV"));
+    EXPECT_TRUE(check("chkConnectToWeb").isChecked());
+    EXPECT_EQ(check("chkConnectToWeb").text().toStdString(), kConnected);
+    EXPECT_TRUE(check("chkUseBrowser").isEnabled());
 }
 
 TEST_F(OfferingsForm, AFollowedLinkOpensTheAddressOfTheNodeInTheBrowserIfThatIsChecked)

@@ -142,6 +142,17 @@ TEST_F(AboutBox, SetsTheDefaultPointerWhileItIsLoadedAndTheBusyOneBack)
     goMousePointer().SetModalDialogState(false);
 }
 
+TEST_F(AboutBox, SetsTheDefaultPointerOnceTheReportIsWritten)
+{
+    supportHost().mainCaption = [] {
+        setScreenPointer(11);
+        return std::string("A main window that was loaded for its caption");
+    };
+    loaded();
+    click("cmdSupport");
+    EXPECT_EQ(screenPointer(), 0);
+}
+
 TEST_F(AboutBox, OkUnloadsIt)
 {
     loaded();
