@@ -76,6 +76,16 @@ TEST_F(CreateExcelDocumentTest, SavedButNotSharedIsProtectedAgainAndBroughtUp)
                                                            kUnprotect, kSave, kConnect, kProtect, kShow})));
 }
 
+TEST_F(CreateExcelDocumentTest, DropsItsConnectionsBeforeTheSaveAndBeforeItIsShown)
+{
+    provideWord();
+    office->noteDrops();
+    const Lines kDrop = {"ZorvoTSR.ExcelConnect dropped"};
+    EXPECT_THAT(run(false, true),
+                ElementsAreArray(joined({kStart, kVisible, kAdd, kConnect, kStuff, kUnprotect, kDrop, kSave,
+                                         kConnect, kProtect, kDrop, kShow})));
+}
+
 TEST_F(CreateExcelDocumentTest, SharedButNotSavedKeepsEventsOffWhileItIsMade)
 {
     provideWord();

@@ -187,6 +187,21 @@ TEST_F(CreateWordDocumentTest, GoesOnWhenWordRefusesTheTemplate)
     EXPECT_EQ(sFileName, "LETTER.DOC");
 }
 
+TEST_F(CreateWordDocumentTest, DropsTheConnectionBeforeTheDocumentIsClosedOrShown)
+{
+    provideAddIns();
+    office->noteDrops();
+    const Lines kDrop = {"ZorvoTSR.Connect dropped"};
+    const auto end = [&](bool bBatch, const Lines& last) {
+        Lines lines = run(bBatch, bBatch);
+        const Lines expected = joined({kRefresh, kDrop, last});
+        lines.erase(lines.begin(), lines.end() - static_cast<std::ptrdiff_t>(expected.size()));
+        EXPECT_THAT(lines, ElementsAreArray(expected));
+    };
+    end(true, {"Word.ActiveDocument.Close"});
+    end(false, kShow);
+}
+
 TEST_F(CreateWordDocumentTest, TakesAFailingAddInForNone)
 {
     provideAddIns();

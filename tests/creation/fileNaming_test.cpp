@@ -99,6 +99,12 @@ TEST_F(FileNaming, ParseFileNameKeepsOtherDots)
     EXPECT_EQ(ParseFileName("C:\\T\\A.B.XLT", ".XLT", "C:\\Out\\", ".XLS"), "C:\\Out\\A.B.XLS");
 }
 
+TEST_F(FileNaming, ParseFileNameBearsATemplateThatIsAllExtension)
+{
+    EXPECT_EQ(ParseFileName("C:\\T\\.DOT", ".DOT", "C:\\Out\\", ".DOC"), "C:\\Out\\.DOC");
+    EXPECT_THAT(messages.tags(), IsEmpty());
+}
+
 TEST_F(FileNaming, ParseFileNameReportsAFolderThatHoldsTheExtension)
 {
     EXPECT_EQ(ParseFileName("C:\\A.DOTS\\B.DOT", ".DOT", "C:\\Out\\", ".DOC"), "");

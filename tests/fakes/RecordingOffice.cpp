@@ -51,6 +51,13 @@ public:
         , object_(std::move(object))
     {
     }
+    ~RecordedAddIn() override
+    {
+        if (state_->bNotesDrops)
+            state_->lines.push_back(sProgId_ + " dropped");
+    }
+    RecordedAddIn(const RecordedAddIn&) = delete;
+    RecordedAddIn& operator=(const RecordedAddIn&) = delete;
 
     Value invoke(const std::string& member, std::vector<Value>& arguments) override
     {

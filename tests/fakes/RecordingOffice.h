@@ -38,6 +38,7 @@ struct RecordedOffice {
     std::string sWordVersion = "11.0";
     std::string sExcelVersion = "12.0";
     bool bNeverReplace = false;
+    bool bNotesDrops = false;
     int nApplicationsAlive = 0;
 };
 
@@ -117,6 +118,9 @@ public:
     /// Puts an add-in object into both applications; without it `comAddIn` throws 429. It has the members
     /// that the products' add-ins have, all without a result; `answer` changes or adds one.
     FakeLateBoundObject& provideAddIn(const std::string& sProgId);
+
+    /// From now on letting go of an add-in object is a line too: "ZorvoTSR.Connect dropped".
+    void noteDrops() { state_->bNotesDrops = true; }
 
     /// The lines of the newest Word document that nobody has closed, also when its application has gone.
     std::optional<std::vector<std::string>> wordDocument() const;
