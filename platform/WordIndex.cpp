@@ -14,9 +14,9 @@ namespace {
 /// More than that is no text that anybody wrote.
 constexpr std::size_t kMostWordsOfText = 100'000;
 constexpr std::size_t kMostLettersOfText = std::size_t(2) << 20U;
-constexpr std::size_t kFirstSlots = std::size_t(1) << 13U;
-
-constexpr std::size_t kShortWord = sizeof(std::uint64_t);
+constexpr std::size_t kFirstSlots = std::size_t(1) << 14U;
+/// Of slots for each word: with many free ones the first look is nearly always the last.
+constexpr std::size_t kRoom = 3;
 
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t part)
 {
@@ -24,37 +24,21 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t part)
     return hash ^ hash >> 32U;
 }
 
-template <typename Number>
-std::uint64_t numberAt(const char* bytes)
+std::uint64_t hashOf(std::string_view word)
 {
-    Number number = 0;
-    std::memcpy(&number, bytes, sizeof number);
-    return number;
+    std::uint64_t hash = word.size();
+    for (; !word.empty(); word.remove_prefix(std::min(word.size(), sizeof hash))) {
+        std::uint64_t part = 0;
+        std::memcpy(&part, word.data(), std::min(word.size(), sizeof part));
+        hash = mixed(hash, part);
+    }
+    return hash;
 }
 
-/// The letters themselves, so that words with the same key are the same. No word holds a zero byte.
-std::uint64_t keyOfShort(std::string_view word)
+/// The number of slots is a power of two.
+std::size_t placeOf(const WordLetters& key, std::size_t nSlots)
 {
-    const std::size_t n = word.size();
-    const char* bytes = word.data();
-    if (n >= sizeof(std::uint32_t)) // the two may overlap
-        return numberAt<std::uint32_t>(bytes) | numberAt<std::uint32_t>(bytes + n - sizeof(std::uint32_t))
-                                                    << 8U * (n - sizeof(std::uint32_t));
-    return numberAt<std::uint8_t>(bytes) | numberAt<std::uint8_t>(bytes + n / 2) << 8U * (n / 2) |
-           numberAt<std::uint8_t>(bytes + n - 1) << 8U * (n - 1);
-}
-
-std::uint64_t keyOfLong(std::string_view word)
-{
-    std::uint64_t key = word.size();
-    for (; word.size() > kShortWord; word.remove_prefix(kShortWord))
-        key = mixed(key, numberAt<std::uint64_t>(word.data()));
-    return mixed(key, keyOfShort(word));
-}
-
-std::size_t placeOf(std::uint64_t key, std::size_t nSlots)
-{
-    return mixed(0, key) & (nSlots - 1);
+    return mixed(key.high * 0xC2B2AE3D27D4EB4FU, key.low) & (nSlots - 1);
 }
 
 /// Adds the texts that hold a word which the pattern matches.
@@ -79,35 +63,26 @@ bool addTexts(std::string_view bytes, const WordPattern& pattern, WordIndex::Tex
 } // namespace
 
 WordIndexBuilder::WordIndexBuilder()
-    : shortSlots_(kFirstSlots)
-    , longSlots_(kFirstSlots)
+    : slots_(kFirstSlots)
 {
 }
 
-WordIndexBuilder::Slot& WordIndexBuilder::slotOfShort(std::uint64_t key)
+/// `isWord` is asked about the number of a word that has the key.
+template <typename IsWord>
+WordIndexBuilder::Slot& WordIndexBuilder::slotOf(const WordLetters& key, IsWord isWord)
 {
-    std::size_t place = placeOf(key, shortSlots_.size());
-    while (shortSlots_[place].lastText != 0 && shortSlots_[place].key != key)
-        place = (place + 1) & (shortSlots_.size() - 1);
-    return shortSlots_[place];
+    Slot* const slots = slots_.data();
+    const std::size_t nSlots = slots_.size();
+    std::size_t place = placeOf(key, nSlots);
+    while (slots[place].lastText != 0 && !(slots[place].key == key && isWord(slots[place].id)))
+        place = (place + 1) & (nSlots - 1);
+    return slots[place];
 }
 
-WordIndexBuilder::Slot& WordIndexBuilder::slotOfLong(std::uint64_t key, std::string_view word)
+void WordIndexBuilder::growSlots()
 {
-    const auto isWord = [&](const Slot& slot) {
-        const Entry& entry = entries_[slot.id];
-        return slot.key == key && std::string_view(letters_).substr(entry.at, entry.length) == word;
-    };
-    std::size_t place = placeOf(key, longSlots_.size());
-    while (longSlots_[place].lastText != 0 && !isWord(longSlots_[place]))
-        place = (place + 1) & (longSlots_.size() - 1);
-    return longSlots_[place];
-}
-
-void WordIndexBuilder::growSlots(Slots& slots)
-{
-    Slots larger(slots.size() * 2);
-    for (const Slot& slot : slots) {
+    std::vector<Slot> larger(slots_.size() * 2);
+    for (const Slot& slot : slots_) {
         if (slot.lastText == 0)
             continue;
         std::size_t place = placeOf(slot.key, larger.size());
@@ -115,36 +90,79 @@ void WordIndexBuilder::growSlots(Slots& slots)
             place = (place + 1) & (larger.size() - 1);
         larger[place] = slot;
     }
-    slots.swap(larger);
+    slots_.swap(larger);
 }
 
-void WordIndexBuilder::addWord(std::string_view word)
+/// Every word of every text comes through this loop: it has nothing in it that the processor couldn't
+/// foresee.
+void WordIndexBuilder::addWaiting()
 {
-    if (bTooRich_ || word.empty())
-        return;
-    const bool bShort = word.size() <= kShortWord;
-    const std::uint64_t key = bShort ? keyOfShort(word) : keyOfLong(word);
-    Slot& slot = bShort ? slotOfShort(key) : slotOfLong(key, word);
-    if (slot.lastText == nStamp_)
-        return;
-    const bool bNew = slot.lastText == 0;
-    if (bNew) {
-        slot.key = key;
-        slot.id = static_cast<std::uint32_t>(entries_.size());
-        entries_.push_back({letters_.size(), word.size()});
-        letters_.append(word);
-        nLettersOfText_ += word.size();
+    makeRoomForIds(nWaiting_);
+    std::uint32_t* const ids = ids_.data();
+    std::size_t nIds = nIds_;
+    const std::uint32_t nStamp = nStamp_;
+    const std::size_t nWaiting = bTooRich_ ? 0 : nWaiting_;
+    for (std::size_t i = 0; i < nWaiting; ++i) {
+        const WordLetters word = waiting_[i];
+        Slot& slot = slotOf(word, [](std::uint32_t) { return true; });
+        if (slot.lastText == 0)
+            addNew(slot, word, {reinterpret_cast<const char*>(&waiting_[i]), word.length()});
+        ids[nIds] = slot.id;
+        nIds += slot.lastText != nStamp ? 1 : 0; // stays where it is when the text has the word already
+        slot.lastText = nStamp;
     }
+    nIds_ = nIds;
+    nWaiting_ = 0;
+    keepBounds();
+}
+
+void WordIndexBuilder::addLong(std::string_view word)
+{
+    addWaiting();
+    if (bTooRich_)
+        return;
+    makeRoomForIds(1);
+    constexpr std::uint64_t kLong = ~std::uint64_t(0); // no letters: UTF-8 has no such byte
+    const WordLetters key{hashOf(word), kLong};
+    const auto isWord = [&](std::uint32_t id) {
+        const Entry& entry = entries_[id];
+        return std::string_view(letters_).substr(entry.at, entry.length) == word;
+    };
+    Slot& slot = slotOf(key, isWord);
+    if (slot.lastText == 0)
+        addNew(slot, key, word);
+    if (slot.lastText != nStamp_)
+        ids_[nIds_++] = slot.id;
     slot.lastText = nStamp_;
-    ids_.push_back(slot.id);
-    bTooRich_ = ids_.size() - beginOfText() > kMostWordsOfText || nLettersOfText_ > kMostLettersOfText;
-    if (bNew && ++(bShort ? nShort_ : nLong_) * 2 > (bShort ? shortSlots_ : longSlots_).size())
-        growSlots(bShort ? shortSlots_ : longSlots_);
+    keepBounds();
+}
+
+void WordIndexBuilder::makeRoomForIds(std::size_t n)
+{
+    if (ids_.size() - nIds_ < n)
+        ids_.resize(ids_.size() + std::max(ids_.size(), n));
+}
+
+void WordIndexBuilder::addNew(Slot& slot, const WordLetters& key, std::string_view word)
+{
+    slot.key = key;
+    slot.id = static_cast<std::uint32_t>(entries_.size());
+    entries_.push_back({letters_.size(), word.size()});
+    letters_.append(word);
+    nLettersOfText_ += word.size();
+}
+
+void WordIndexBuilder::keepBounds()
+{
+    bTooRich_ = bTooRich_ || nIds_ - beginOfText() > kMostWordsOfText || nLettersOfText_ > kMostLettersOfText;
+    if (entries_.size() * kRoom > slots_.size())
+        growSlots();
 }
 
 void WordIndexBuilder::discardText()
 {
-    ids_.resize(beginOfText());
+    nWaiting_ = 0;
+    nIds_ = beginOfText();
     ++nStamp_;
     nLettersOfText_ = 0;
     bTooRich_ = false;
@@ -152,10 +170,11 @@ void WordIndexBuilder::discardText()
 
 bool WordIndexBuilder::endText()
 {
+    addWaiting();
     const bool bKept = !bTooRich_;
     if (!bKept)
         discardText();
-    textEnds_.push_back(ids_.size());
+    textEnds_.push_back(nIds_);
     ++nStamp_;
     nLettersOfText_ = 0;
     return bKept;
@@ -165,11 +184,11 @@ std::string WordIndexBuilder::take()
 {
     // The texts of each word, one word after the other.
     std::vector<std::size_t> begins(entries_.size() + 1, 0);
-    for (const std::uint32_t id : ids_)
-        ++begins[id + 1];
+    for (std::size_t i = 0; i < nIds_; ++i)
+        ++begins[ids_[i] + 1];
     for (std::size_t i = 1; i < begins.size(); ++i)
         begins[i] += begins[i - 1];
-    std::string holders(ids_.size(), '\0');
+    std::string holders(nIds_, '\0');
     std::vector<std::size_t> ends(begins.begin(), begins.end() - 1);
     std::size_t at = 0;
     for (std::size_t text = 0; text < textEnds_.size(); ++text)
@@ -193,12 +212,10 @@ void WordIndexBuilder::clear()
 {
     letters_.clear();
     entries_.clear();
-    shortSlots_.assign(kFirstSlots, Slot());
-    longSlots_.assign(kFirstSlots, Slot());
-    nShort_ = 0;
-    nLong_ = 0;
+    slots_.assign(kFirstSlots, Slot());
+    nWaiting_ = 0;
+    nIds_ = 0;
     nStamp_ = 1;
-    ids_.clear();
     textEnds_.clear();
     nLettersOfText_ = 0;
     bTooRich_ = false;

@@ -15,33 +15,48 @@ constexpr char32_t kNoCharacter = 0xFFFD;
 constexpr std::uint8_t kLetters = 26;
 constexpr std::uint8_t kDigits = 10;
 
+/// A bit for each byte, which is 0 or 1.
+std::uint64_t bitsOf(const std::array<std::uint8_t, 64>& bytes)
+{
+    std::uint64_t bits = 0;
+    for (std::size_t i = 0; i < bytes.size(); i += sizeof(std::uint64_t)) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, bytes.data() + i, sizeof eight);
+        // The product's highest byte gathers them: the factor moves each to a place of its own.
+        bits |= (eight * 0x0102040810204080U >> 56U) << i;
+    }
+    return bits;
+}
 } // namespace
 
 /// Simple loops, which the compiler makes quick ones.
-void WordBounds::prepare(std::string_view text)
+void WordRuns::prepare(std::string_view text)
 {
-    nLength_ = text.size();
-    if (upper_.size() < nLength_) {
-        upper_.resize(nLength_);
-        kinds_.resize(nLength_ + sizeof(std::uint64_t));
-    }
-    const std::size_t n = nLength_; // bytes may lie anywhere, also in a member
-    const char* bytes = text.data();
+    const std::size_t n = text.size();
+    const std::size_t nBlocks = n / kBlock + 1;
+    if (upper_.size() < nBlocks * kBlock + WordLetters::kMost)
+        upper_.resize(nBlocks * kBlock + WordLetters::kMost);
+    const char* bytes = text.data(); // what stands in a member may be anywhere
     char* upper = upper_.data();
     for (std::size_t i = 0; i < n; ++i) {
         const auto c = static_cast<std::uint8_t>(bytes[i]);
         const auto fromLetter = static_cast<std::uint8_t>(c - 'a');
         upper[i] = static_cast<char>(c - (fromLetter < kLetters ? 'a' - 'A' : 0));
     }
-    std::uint8_t* kinds = kinds_.data();
-    for (std::size_t i = 0; i < n; ++i) {
-        const auto c = static_cast<std::uint8_t>(upper[i]);
-        const auto fromCapital = static_cast<std::uint8_t>(c - 'A');
-        const auto fromDigit = static_cast<std::uint8_t>(c - '0');
-        const std::uint8_t letter = fromCapital < kLetters ? kWord : kNone;
-        const std::uint8_t digit = fromDigit < kDigits ? kWord : kNone;
-        const std::uint8_t beyond = c >= 0x80 ? kBeyondAscii : kNone;
-        kinds[i] = static_cast<std::uint8_t>(letter | digit | beyond);
+    std::fill(upper + n, upper + nBlocks * kBlock, '\0');
+
+    bits_.resize(nBlocks);
+    for (std::size_t block = 0; block < nBlocks; ++block) {
+        std::array<std::uint8_t, kBlock> inRun{};
+        std::array<std::uint8_t, kBlock> beyondAscii{};
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            const auto c = static_cast<std::uint8_t>(upper[block * kBlock + i]);
+            const bool bLetter = static_cast<std::uint8_t>(c - 'A') < kLetters;
+            const bool bDigit = static_cast<std::uint8_t>(c - '0') < kDigits;
+            beyondAscii[i] = c >= 0x80 ? 1 : 0;
+            inRun[i] = bLetter || bDigit || c >= 0x80 ? 1 : 0;
+        }
+        bits_[block] = {bitsOf(inRun), bitsOf(beyondAscii)};
     }
 }
 

@@ -225,6 +225,70 @@ TEST(Keyword, AWordMayGoOnInTheNextPiece)
     EXPECT_EQ(words, (std::vector<std::string>{"CURRENT", "ASSETS"}));
 }
 
+/// Character by character.
+std::vector<std::string> obviousWords(std::string_view text)
+{
+    std::vector<std::string> words(1);
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = characterAt(text, at);
+        const WordRole role = wordRole(character);
+        if (role == WordRole::belongs)
+            appendUpper(words.back(), character);
+        else if (role == WordRole::parts && !words.back().empty())
+            words.emplace_back();
+    }
+    if (words.back().empty())
+        words.pop_back();
+    return words;
+}
+
+/// A text of runs that end anywhere in the blocks that the cutter looks at, as characters.
+std::vector<std::string> runsOfManyLengths(std::mt19937& random)
+{
+    const std::vector<std::string> others = {" ", ", ", "\n", "\u00DF", "\u00E9", "\u2013", "\u00AD", "9"};
+    std::vector<std::string> text;
+    while (text.size() < 2'000) {
+        const std::size_t nLetters = random() % 8 == 0 ? random() % 150 : random() % 9;
+        for (std::size_t i = 0; i < nLetters; ++i)
+            text.push_back(
+                std::string(1, static_cast<char>((random() % 5 == 0 ? 'A' : 'a') + random() % 26)));
+        text.push_back(others[random() % 3 == 0 ? random() % others.size() : 0]);
+    }
+    return text;
+}
+
+TEST(Keyword, WordsAreTheSameHoweverTheTextIsPartedIntoPieces)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        const std::vector<std::string> text = runsOfManyLengths(random);
+        std::vector<std::string> words;
+        WordCutter cutter([&words](std::string_view word) { words.emplace_back(word); });
+        std::string whole;
+        std::string piece;
+        for (const std::string& character : text) {
+            whole += character;
+            piece += character;
+            if (random() % (round + 1) != 0)
+                continue;
+            cutter.take(piece);
+            piece.clear();
+        }
+        cutter.take(piece);
+        cutter.end();
+        ASSERT_EQ(words, obviousWords(whole)) << whole;
+    }
+}
+
+TEST(Keyword, AnEndlessWordInOnePieceKeepsItsBeginning)
+{
+    std::vector<std::size_t> lengths;
+    WordCutter cutter([&lengths](std::string_view word) { lengths.push_back(word.size()); });
+    cutter.take(std::string(2 * kLongestWord, 'x') + " short ");
+    cutter.end();
+    EXPECT_EQ(lengths, (std::vector<std::size_t>{kLongestWord, 5}));
+}
+
 TEST(Keyword, AnEndlessWordKeepsItsBeginning)
 {
     std::size_t nLength = 0;
@@ -253,6 +317,29 @@ TEST(WordIndex, TellsWhichOfTheTextsHoldTheWords)
     EXPECT_TRUE(index.find(Keyword("w255"))->test(255));
     EXPECT_EQ(index.find(Keyword("w255"))->count(), 1U);
     EXPECT_EQ(index.find(Keyword("w25?"))->count(), 6U);
+}
+
+TEST(WordIndex, TellsWordsOfEveryLengthApart)
+{
+    constexpr std::size_t kLongest = 40;
+    WordIndexBuilder builder;
+    for (std::size_t length = 1; length <= kLongest; ++length) {
+        const std::string same(length - 1, 'A');
+        builder.addWord(same + 'B');
+        builder.addWord(same + 'C');
+        builder.addWord('D' + same);
+        EXPECT_TRUE(builder.endText());
+    }
+    const std::string sBytes = builder.take();
+    for (std::size_t length = 1; length <= kLongest; ++length) {
+        const std::string same(length - 1, 'A');
+        for (const std::string& word : {same + 'B', same + 'C', 'D' + same}) {
+            const auto texts = WordIndex(sBytes).find(Keyword(word));
+            EXPECT_TRUE(texts->test(length - 1)) << word;
+            EXPECT_EQ(texts->count(), 1U) << word;
+        }
+        EXPECT_TRUE(WordIndex(sBytes).find(Keyword(same + 'E'))->none());
+    }
 }
 
 TEST(WordIndex, ABuilderBeginsAnewAfterItsBytesAreTaken)

@@ -45,7 +45,7 @@ FileIndexer::FileIndexer(IsEnough isCancelled)
 {
 }
 
-void FileIndexer::takeWord(std::string_view word)
+void FileIndexer::takeWord(const CutWord& word)
 {
     if (directly_)
         directly_->take(word);

@@ -47,10 +47,10 @@ public:
 private:
     struct OnWord {
         FileIndexer* indexer;
-        void operator()(std::string_view word) const { indexer->takeWord(word); }
+        void operator()(const CutWord& word) const { indexer->takeWord(word); }
     };
 
-    void takeWord(std::string_view word);
+    void takeWord(const CutWord& word);
     FileText::Kind read(const std::string& sNative, FolderFile& asRead, const IsEnough& isEnough);
     Outcome endFile(const FolderFile& file, FileText::Kind kind);
 
