@@ -46,10 +46,11 @@ Book::Book(const QString& readerProgram, const QString& file)
 {
 }
 
-std::unique_ptr<Book> Book::open(const QString& readerProgram, const QString& file, ReaderState& state)
+std::unique_ptr<Book> Book::open(const QString& readerProgram, const QString& file, ReaderState& state,
+                                 const std::function<void()>& meanwhile)
 {
     std::unique_ptr<Book> book(new Book(readerProgram, file));
-    state = book->reader_.open();
+    state = book->reader_.open(meanwhile);
     if (state != ReaderState::done)
         return nullptr;
     book->readRecords();

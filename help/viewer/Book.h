@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -18,7 +19,9 @@ namespace zorvo::help {
 class Book {
 public:
     /// `readerProgram` and `file` are native paths. Null when it can't be opened; `state` says why.
-    static std::unique_ptr<Book> open(const QString& readerProgram, const QString& file, ReaderState& state);
+    /// `meanwhile` is called while the reader starts.
+    static std::unique_ptr<Book> open(const QString& readerProgram, const QString& file, ReaderState& state,
+                                      const std::function<void()>& meanwhile = {});
 
     /// Never empty: a book without a title has its file's name.
     QString title() const { return title_; }

@@ -1,5 +1,7 @@
 #include "help/viewer/EntryTree.h"
 
+#include "help/viewer/RoomyItems.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -32,7 +34,7 @@ EntryTree::EntryTree(QWidget* parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setFrameShape(QFrame::NoFrame);
-    setStyleSheet(QStringLiteral("QTreeView::item { padding: 3px 0; }"));
+    setItemDelegate(new RoomyItems(this));
     setTextElideMode(Qt::ElideNone);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setStretchLastSection(false);

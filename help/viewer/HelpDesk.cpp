@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
@@ -26,6 +27,12 @@ QString pathOf(const QFileInfo& file)
 QString keyOf(const QFileInfo& file)
 {
     return QStringLiteral("%1|%2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+}
+
+/// The first question about a font reads what fonts there are, and the window has to wait for that.
+void loadFonts()
+{
+    static_cast<void>(QFontMetrics(QGuiApplication::font()).maxWidth());
 }
 
 /// On the screen on which its owner stands. An owned window proper would stay above its owner, where the help
@@ -105,7 +112,7 @@ HelpWindow* HelpDesk::open(const QString& file, const QString& path, const QStri
         return nullptr;
     }
     ReaderState state{};
-    std::unique_ptr<Book> book = Book::open(readerProgram_, path, state);
+    std::unique_ptr<Book> book = Book::open(readerProgram_, path, state, loadFonts);
     if (!book) {
         tellFailure(file, state == ReaderState::missing);
         return nullptr;

@@ -6,13 +6,15 @@
 #include "help/viewer/icons.h"
 #include "help/viewer/uiIds.h"
 
+#include <QAction>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
-#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -100,27 +102,40 @@ void HelpWindow::build()
     setCentralWidget(splitter);
 }
 
+/// A row of buttons. A tool bar proper would load all readers of picture formats for the sake of an arrow
+/// that it never shows, and the window would come up later.
 void HelpWindow::buildTools()
 {
-    auto* bar = addToolBar(tr("Navigation"));
+    auto* bar = new QWidget;
     bar->setObjectName(QStringLiteral("Tools"));
-    bar->setMovable(false);
-    bar->setIconSize({kIconSize, kIconSize});
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    toggle_ = bar->addAction(tr("Hide Contents"));
-    connect(toggle_, &QAction::triggered, this, [this] { setPaneShown(tabs_->isHidden()); });
-    bar->addSeparator();
+    bar->setAccessibleName(tr("Navigation"));
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(kSpacing, kSpacing / 2, kSpacing, kSpacing / 2);
+    row->setSpacing(kSpacing / 2);
     const auto add = [&](const QString& text, const QList<QKeySequence>& keys, auto work) {
-        QAction* action = bar->addAction(text);
+        auto* action = new QAction(text, this);
         action->setShortcuts(keys);
         connect(action, &QAction::triggered, this, work);
+        addAction(action);
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setAutoRaise(true);
+        button->setIconSize({kIconSize, kIconSize});
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        row->addWidget(button);
         return action;
     };
+    toggle_ = add(tr("Hide Contents"), {}, [this] { setPaneShown(tabs_->isHidden()); });
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::VLine);
+    line->setFrameShadow(QFrame::Sunken);
+    row->addWidget(line);
     back_ = add(tr("Back"), QKeySequence::keyBindings(QKeySequence::Back), [this] { page_->backward(); });
     forward_ =
         add(tr("Forward"), QKeySequence::keyBindings(QKeySequence::Forward), [this] { page_->forward(); });
     home_ = add(tr("Home"), {QKeySequence(Qt::ALT | Qt::Key_Home)}, [this] { goHome(); });
+    row->addStretch();
+    setMenuWidget(bar);
     back_->setEnabled(false);
     forward_->setEnabled(false);
     connect(page_, &QTextBrowser::backwardAvailable, back_, &QAction::setEnabled);
@@ -143,6 +158,7 @@ void HelpWindow::buildTools()
 
 void HelpWindow::setIcons()
 {
+    iconPalette_ = palette();
     toggle_->setIcon(helpIcon(HelpIcon::contents, palette()));
     back_->setIcon(helpIcon(HelpIcon::back, palette()));
     forward_->setIcon(helpIcon(HelpIcon::forward, palette()));
@@ -315,7 +331,7 @@ void HelpWindow::setTopMost(bool bTop)
 void HelpWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && home_) {
+    if (event->type() == QEvent::PaletteChange && home_ && palette() != iconPalette_) {
         setIcons();
         dimPlaceholders();
     }

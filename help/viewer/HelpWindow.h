@@ -4,6 +4,7 @@
 #include "help/viewer/BookSearch.h"
 
 #include <QMainWindow>
+#include <QPalette>
 #include <functional>
 
 class QLabel;
@@ -63,6 +64,7 @@ private:
     QAction* back_ = nullptr;
     QAction* forward_ = nullptr;
     QAction* home_ = nullptr;
+    QPalette iconPalette_; // what the icons are drawn for
     int nZoom_ = 0;
 };
 

@@ -22,10 +22,10 @@ ReaderProcess::~ReaderProcess()
     end();
 }
 
-ReaderState ReaderProcess::open()
+ReaderState ReaderProcess::open(const std::function<void()>& meanwhile)
 {
     ReaderState state = ReaderState::damaged;
-    start(state);
+    start(state, meanwhile);
     return state;
 }
 
@@ -45,13 +45,15 @@ ReaderState ReaderProcess::request(RequestKind kind, const QByteArray& text, QBy
     return ReaderState::damaged;
 }
 
-bool ReaderProcess::start(ReaderState& state)
+bool ReaderProcess::start(ReaderState& state, const std::function<void()>& meanwhile)
 {
     end();
     state = ReaderState::damaged;
     if (++nStarts_ > kMostStarts)
         return false;
     process_.start(program_, {file_});
+    if (meanwhile)
+        meanwhile();
     QByteArray nothing;
     return takeAnswer(state, nothing);
 }

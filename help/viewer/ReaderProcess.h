@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 #include <QProcess>
 #include <QString>
+#include <functional>
 
 namespace zorvo::help {
 
@@ -19,12 +20,12 @@ public:
 
     /// Starts the reader and tells whether the book can be opened. Waits for the reader, a few seconds at
     /// most, as `request` does.
-    ReaderState open();
+    ReaderState open(const std::function<void()>& meanwhile = {});
     /// Asks for what protocol.h says. `bytes` is empty unless the answer is done.
     ReaderState request(RequestKind kind, const QByteArray& text, QByteArray& bytes);
 
 private:
-    bool start(ReaderState& state);
+    bool start(ReaderState& state, const std::function<void()>& meanwhile = {});
     bool ask(RequestKind kind, const QByteArray& text, ReaderState& state, QByteArray& bytes);
     bool takeAnswer(ReaderState& state, QByteArray& bytes);
     bool takeBytes(qsizetype count, QByteArray& bytes, const QDeadlineTimer& deadline);

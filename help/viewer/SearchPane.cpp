@@ -1,5 +1,7 @@
 #include "help/viewer/SearchPane.h"
 
+#include "help/viewer/RoomyItems.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,7 +39,7 @@ SearchPane::SearchPane(Book& book, QWidget* parent)
     results_->setObjectName(QStringLiteral("SearchResults"));
     results_->setAccessibleName(tr("Pages found"));
     results_->setFrameShape(QFrame::NoFrame);
-    results_->setStyleSheet(QStringLiteral("QListView::item { padding: 3px 0; }"));
+    results_->setItemDelegate(new RoomyItems(results_));
 
     auto* entry = new QHBoxLayout;
     entry->setSpacing(kSpacing);

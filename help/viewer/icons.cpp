@@ -1,5 +1,6 @@
 #include "help/viewer/icons.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -8,7 +9,8 @@ namespace zorvo::help {
 
 namespace {
 
-// All are drawn on a field of 16 by 16.
+/// All are drawn on a field of 16 by 16.
+constexpr double kField = 16;
 
 QPainterPath arrowBack()
 {
@@ -77,27 +79,54 @@ QPainterPath drawing(HelpIcon kind)
     return {};
 }
 
+/// Draws itself at the size that is asked for, when it is.
+class DrawnIcon : public QIconEngine {
+public:
+    DrawnIcon(HelpIcon kind, QPalette palette)
+        : kind_(kind)
+        , palette_(std::move(palette))
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override
+    {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / kField, rect.height() / kField);
+        painter->setPen(QPen(palette_.color(group, QPalette::WindowText), 1.4, Qt::SolidLine, Qt::RoundCap,
+                             Qt::RoundJoin));
+        painter->drawPath(drawing(kind_));
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        return {{16, 16}, {24, 24}, {32, 32}, {48, 48}};
+    }
+
+    QIconEngine* clone() const override { return new DrawnIcon(kind_, palette_); }
+
+private:
+    HelpIcon kind_;
+    QPalette palette_;
+};
+
 } // namespace
 
 QIcon helpIcon(HelpIcon kind, const QPalette& palette)
 {
-    QIcon icon;
-    for (const int size : {16, 20, 24, 32, 48}) {
-        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) {
-            const auto group = mode == QIcon::Normal ? QPalette::Active : QPalette::Disabled;
-            QPixmap pixmap(size, size);
-            pixmap.fill(Qt::transparent);
-            QPainter painter(&pixmap);
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.scale(size / 16.0, size / 16.0);
-            painter.setPen(QPen(palette.color(group, QPalette::WindowText), 1.4, Qt::SolidLine, Qt::RoundCap,
-                                Qt::RoundJoin));
-            painter.drawPath(drawing(kind));
-            painter.end();
-            icon.addPixmap(pixmap, mode);
-        }
-    }
-    return icon;
+    return QIcon(new DrawnIcon(kind, palette));
 }
 
 } // namespace zorvo::help
