@@ -1,5 +1,8 @@
 #include "companions/ProfileForm.h"
 
+#include "window/UiIds.h"
+#include "window/twips.h"
+
 #include <QComboBox>
 #include <QFormLayout>
 #include <QFrame>
@@ -17,7 +20,6 @@ namespace zorvo {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr int kSpacing = 8;
 constexpr int kMargin = 16;
 constexpr int kWidth = 480;
@@ -33,14 +35,12 @@ QStringList usualEngagements()
             QStringLiteral("Agreed-upon procedures"), QStringLiteral("Tax")};
 }
 
-/// A name that people hear, and for tests the control's own.
+/// The control's own name, and one that people hear.
 void nameControl(QWidget& widget, const char* name, const QString& readAs = {})
 {
     widget.setObjectName(QLatin1String(name));
     if (!readAs.isEmpty())
         widget.setAccessibleName(readAs);
-    if (qEnvironmentVariable("ZORVOBRENDLE_UI_IDS") == QLatin1String("1"))
-        widget.setAccessibleDescription(QLatin1Char('#') + widget.objectName());
 }
 
 } // namespace
@@ -84,6 +84,7 @@ void ProfileForm::nameControls()
     nameControl(*lblFolderPath_, "lblFolderPath");
     nameControl(*cmdOK_, "cmdOK", tr("OK"));
     nameControl(*cmdCancel_, "cmdCancel", tr("Cancel"));
+    markUiIds(*this);
 }
 
 void ProfileForm::layOut(const std::string& sNativeFolder)
@@ -166,7 +167,7 @@ ProfileData ProfileForm::profile() const
 
 void ProfileForm::moveToTwips(int nTop, int nLeft)
 {
-    const QPoint wanted(nLeft / kTwipsPerPixel, nTop / kTwipsPerPixel);
+    const QPoint wanted(toPixels(nLeft), toPixels(nTop));
     const QScreen* at = QGuiApplication::screenAt(wanted);
     const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
     move(std::max(room.left(), std::min(wanted.x(), room.right() - width())),
@@ -175,12 +176,12 @@ void ProfileForm::moveToTwips(int nTop, int nLeft)
 
 int ProfileForm::topInTwips() const
 {
-    return geometry().top() * kTwipsPerPixel;
+    return toTwips(geometry().top());
 }
 
 int ProfileForm::leftInTwips() const
 {
-    return geometry().left() * kTwipsPerPixel;
+    return toTwips(geometry().left());
 }
 
 } // namespace zorvo

@@ -1,7 +1,7 @@
 #include "help/viewer/HelpDesk.h"
 
 #include "help/viewer/HelpWindow.h"
-#include "help/viewer/uiIds.h"
+#include "window/UiIds.h"
 
 #include <QDateTime>
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 #include "help/viewer/PageView.h"
 #include "help/viewer/SearchPane.h"
 #include "help/viewer/icons.h"
-#include "help/viewer/uiIds.h"
+#include "window/UiIds.h"
 
 #include <QAction>
 #include <QEvent>
