@@ -52,16 +52,14 @@ protected:
             "soffice '--accept=pipe,name=" + pipe + ";urp;' --nologo --nodefault >/dev/null 2>&1";
         EXPECT_EQ(std::system(listen.c_str()), 0);
         std::string answer;
-        EXPECT_TRUE(waitUntil(
-            [&] {
-                FILE* stream =
-                    popen((std::string(ZORVO_OFFICE_READER) + " " + pipe + " 2>/dev/null").c_str(), "r");
-                answer.clear();
-                for (int character = std::fgetc(stream); character != EOF; character = std::fgetc(stream))
-                    answer += static_cast<char>(character);
-                return pclose(stream) == 0;
-            },
-            20'000));
+        EXPECT_TRUE(waitUntil([&] {
+            FILE* stream =
+                popen((std::string(ZORVO_OFFICE_READER) + " " + pipe + " 2>/dev/null").c_str(), "r");
+            answer.clear();
+            for (int character = std::fgetc(stream); character != EOF; character = std::fgetc(stream))
+                answer += static_cast<char>(character);
+            return pclose(stream) == 0;
+        }));
         std::vector<std::string> lines;
         std::istringstream text(answer);
         for (std::string line; std::getline(text, line);)
@@ -81,7 +79,7 @@ TEST_F(ResultDocument, HoldsTheExamplesInTheirOrderAndIsVisibleAndUnsaved)
     putExample("debt.rtf", {"Debt"});
     BuildExampleDocument();
     EXPECT_THAT(messages.boxes, IsEmpty());
-    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); }, 5000)) << screen.windows();
+    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); })) << screen.windows();
     EXPECT_THAT(documents(), ElementsAre("document", "address ", "modified yes", "visible yes", "before ",
                                          "paragraph Leases", "paragraph Rent was paid.", "paragraph Cash",
                                          "table Bank|100", "paragraph More words.", "paragraph Debt",
@@ -120,7 +118,7 @@ TEST_F(ResultDocument, OfTheMasterKeepsWhatHoldsTheKeywordAndTheLastExample)
                       {"All examples", "|Cash|", "behind cash", "|Leases: RENT was paid|", "behind leases",
                        "|Debt|", "", "more", "|Rental income|", "behind income", "|Taxes|", "end"});
     FilterMasterDocument(dos(library), "rent", 0);
-    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); }, 5000)) << screen.windows();
+    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); })) << screen.windows();
     const std::vector<std::string> told = documents();
     ASSERT_THAT(told, SizeIs(testing::Gt(5U)));
     EXPECT_EQ(told[1], "address ");

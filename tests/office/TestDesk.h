@@ -38,7 +38,8 @@ private:
 /// The backslash form, by way of drive Z.
 std::string dos(const std::filesystem::path& native);
 
-bool waitUntil(const std::function<bool()>& condition, int milliseconds);
+/// The limit only ends a test that fails: what is waited for comes on a slow machine, too.
+bool waitUntil(const std::function<bool()>& condition, int milliseconds = 60'000);
 
 std::string bytesOf(const std::filesystem::path& file);
 /// A flat document and a rich text with these lines: a paragraph each, and "|a|b|" for a table of one row.

@@ -36,7 +36,7 @@ TEST_F(UserOffice, ADocumentOpensVisibleAndUnsavedAndStaysAfterUs)
     EXPECT_EQ(word->activeDocument()->fullName(), "");
     word->activatePane();
     EXPECT_THAT(officeChildren(), IsEmpty());
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000))
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }))
         << screen.windows();
     office.reset();
     EXPECT_THAT(usersOffices(), SizeIs(1));
@@ -52,7 +52,7 @@ TEST_F(UserOffice, QuitLeavesTheUsersDocuments)
     excel->activatePane();
     excel->quit();
     EXPECT_THAT(usersOffices(), SizeIs(1));
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }));
 }
 
 TEST_F(UserOffice, ARunningOneIsJoined)
@@ -67,8 +67,7 @@ TEST_F(UserOffice, ARunningOneIsJoined)
     excel->setVisible(true);
     excel->workbooksAdd(budget());
     EXPECT_THAT(usersOffices(), SizeIs(1));
-    EXPECT_TRUE(
-        waitUntil([&] { return screen.windows().find("LibreOffice Calc") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("LibreOffice Calc") != std::string::npos; }));
     EXPECT_THAT(screen.windows(), HasSubstr("LibreOffice Writer"));
 }
 
@@ -83,11 +82,11 @@ TEST_F(UserOffice, OneThatTheUserHasStartedHimselfIsJoined)
     if (!waitUntil(noteIsUp, 10'000)) {
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
-    ASSERT_TRUE(waitUntil(noteIsUp, 20'000));
+    ASSERT_TRUE(waitUntil(noteIsUp));
     const auto word = office->createWord();
     word->setVisible(true);
     word->documentsAdd(letter());
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }));
     EXPECT_THAT(usersOffices(), SizeIs(1));
     office.reset();
     EXPECT_THAT(screen.windows(), HasSubstr("note.txt"));
@@ -100,7 +99,7 @@ TEST_F(UserOffice, ABlankDocumentShownAfterwardsNeedsNoOfficeOfOurOwn)
     word->setVisible(true);
     word.reset();
     EXPECT_THAT(officeChildren(), IsEmpty());
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }));
 }
 
 TEST_F(UserOffice, WhatWasMadeHiddenIsTakenOverWithAllItsChanges)
@@ -131,7 +130,7 @@ TEST_F(UserOffice, AnOpenedFileIsTheFileItself)
     another->setVisible(true);
     another->documentsOpen(dos(folder / "Mine.doc"));
     EXPECT_EQ(another->activeDocument()->fullName(), dos(folder / "Mine.doc"));
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }));
 }
 
 TEST_F(UserOffice, AFileThatIsOpenAlreadyComesToTheFrontAndIsNotOpenedTwice)
@@ -146,7 +145,7 @@ TEST_F(UserOffice, AFileThatIsOpenAlreadyComesToTheFrontAndIsNotOpenedTwice)
         another->documentsOpen(dos(folder / "Mine.doc"));
         EXPECT_EQ(another->activeDocument()->fullName(), dos(folder / "Mine.doc"));
     }
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }));
     const std::string windows = screen.windows();
     EXPECT_EQ(windows.find("Mine.doc"), windows.rfind("Mine.doc")) << windows;
     EXPECT_EQ(windows.find("read-only"), std::string::npos) << windows;
@@ -162,7 +161,7 @@ TEST_F(UserOffice, ASavedDocumentOnTheScreenBelongsToItsFile)
     EXPECT_EQ(word->activeDocument()->fullName(), dos(folder / "Mine.doc"));
     EXPECT_EQ(numberOf([&] { word->activeDocument()->saveAs(dos(folder / "Mine.doc"), 0); }),
               kFileAlreadyExists);
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }, 5000));
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Mine.doc") != std::string::npos; }));
     word->activeDocument()->close();
     EXPECT_EQ(numberOf([&] { word->activeDocument(); }), kObjectNotSet);
 }
@@ -196,7 +195,7 @@ TEST_F(UserOffice, WhatIsMadeForTheUserStaysHiddenInHisOfficeUntilItIsShown)
     word->activate();
     word->activeWindow().activate();
     word->selection().homeKey(6);
-    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); }, 5000)) << screen.windows();
+    EXPECT_TRUE(waitUntil([&] { return screen.shows("Untitled 1"); })) << screen.windows();
     EXPECT_EQ(word->activeDocument()->fullName(), "");
     EXPECT_EQ(numberOf([&] { word->activeDocument()->close(); }), kPermissionDenied) << "it isn't saved";
     word->activeDocument()->saveAs(dos(folder / "Result.doc"), 0);
@@ -219,7 +218,7 @@ TEST_F(UserOffice, WhatWasNeverShownGoesWithItsApplication)
     word->setVisible(true);
     word->documentsAdd(letter());
     // The office counts the documents that it holds.
-    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }, 5000))
+    EXPECT_TRUE(waitUntil([&] { return screen.windows().find("Untitled 1") != std::string::npos; }))
         << screen.windows();
 }
 
@@ -261,7 +260,7 @@ TEST_F(UserOffice, OneThatHangsIsLeftAlone)
     EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kOfficeDoesNotAnswer);
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(numberOf([&] { word->documentsAdd(letter()); }), kOfficeDoesNotAnswer);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(200));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(4000)) << "it waits once";
     kill(process, SIGCONT);
     EXPECT_THAT(usersOffices(), SizeIs(1));
     const auto later = impatient->createWord();
@@ -311,7 +310,7 @@ TEST_F(UserOffice, OneWithoutAScreenIsNotUsed)
                                 pipe + ";urp;' >/dev/null 2>&1 </dev/null &";
     ASSERT_EQ(std::system(command.c_str()), 0);
     const fs::path listening = "/tmp/OSL_PIPE_" + std::to_string(getuid()) + "_" + pipe;
-    ASSERT_TRUE(waitUntil([&] { return fs::exists(listening); }, 20'000));
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(listening); }));
     const auto word = office->createWord();
     word->setVisible(true);
     EXPECT_THAT(descriptionOf([&] { word->documentsAdd(letter()); }), HasSubstr("screen"));

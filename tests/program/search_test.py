@@ -9,6 +9,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
 from session import BUILD, SOURCE, ProgramTest, control, descendants, press, session, showing, wait_for  # noqa: E402
+from offices import office_documents  # noqa: E402
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, SOURCE + "/sample/tools")
@@ -19,7 +20,6 @@ import gi  # noqa: E402
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
-READER = BUILD + "/tests/program/zorvo-office-reader"
 LIBRARY = "SablewoodLibrary"
 LIBRARY_KEY = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Zorvo\\Quillbook\\SablewoodLibrary\\2007\\InstallDefaults"
 
@@ -42,43 +42,8 @@ def titles_with_words(edition, year, *words):
     return sorted(found, key=lambda title: (title + ".rtf").upper())
 
 
-class Document:
-    def __init__(self):
-        self.blocks = []
-        self.properties = {}
-
-
-def office_documents():
-    """What the user's office holds; it must be running."""
-    pipe = "zb-read-%d" % os.getpid()
-    subprocess.run(["soffice", "--accept=pipe,name=%s;urp;" % pipe, "--nologo", "--nodefault"], env=session.env,
-                   check=True, timeout=60)
-
-    def read():
-        result = subprocess.run([READER, pipe], env=session.env, capture_output=True, text=True, timeout=60)
-        return result if result.returncode == 0 else None
-
-    documents = []
-    for line in wait_for("the office's answer", read, 30).stdout.splitlines():
-        kind, _, text = line.partition(" ")
-        if kind == "document":
-            documents.append(Document())
-        elif kind in ("paragraph", "table"):
-            documents[-1].blocks.append((kind, text))
-        else:
-            documents[-1].properties[kind] = text
-    return documents
-
-
-def office_windows():
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "LibreOffice"], env=session.env,
-                           capture_output=True, text=True).stdout.split()
-    return [subprocess.run(["xdotool", "getwindowname", window], env=session.env, capture_output=True,
-                           text=True).stdout.strip() for window in found]
-
-
 def wait_for_document():
-    wait_for("the result's window", lambda: any(name.startswith("Untitled") for name in office_windows()), 90)
+    wait_for("the result's window", lambda: any(name.startswith("Untitled") for name in session.office_windows()), 90)
 
 
 def saved_documents():
@@ -264,7 +229,7 @@ class FilteredMaster(SearchTest):
         os.remove(folder + "Allrtf.dot")
         self.search("lease")
         self.assert_client_ends_well()
-        self.assertEqual(office_windows(), [])
+        self.assertEqual(session.office_windows(), [])
 
 
 if __name__ == "__main__":

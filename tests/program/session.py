@@ -257,21 +257,28 @@ class Session:
                 return True
         return False
 
-    def box(self):
-        """The showing message box: its label texts joined."""
+    def box(self, seconds=15.0):
+        """The message box, once it has the keyboard."""
         def find():
             application = self.application()
             for i in range(application.get_child_count() if application else 0):
                 window = application.get_child_at_index(i)
                 if window and showing(window) and window.get_role() in (Atspi.Role.ALERT, Atspi.Role.DIALOG) \
-                        and not window.get_description().startswith("#frm"):
+                        and not window.get_description().startswith("#frm") \
+                        and has_state(window, Atspi.StateType.ACTIVE):
                     return window
             return None
-        return wait_for("a message box", find)
+        return wait_for("a message box", find, seconds)
 
 
 def showing(accessible):
     return accessible.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def has_state(accessible, state):
+    """As it is now, whatever was read before."""
+    accessible.clear_cache()
+    return accessible.get_state_set().contains(state)
 
 
 def descendants(accessible, limit=4000):
@@ -329,7 +336,9 @@ class ProgramTest(unittest.TestCase):
         session.new_home()
 
     def tearDown(self):
-        if not self._outcome.success:
+        # Of its own `success` a test knows nothing here: it is set anew for the tearDown.
+        result = self._outcome.result
+        if any(test is self for test, _ in result.errors + result.failures):
             session.screenshot(self.id())
         session.end_program()
         session.end_offices()
