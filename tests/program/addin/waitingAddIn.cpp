@@ -1,8 +1,8 @@
-// The products' add-in with one thing more: it waits at the documents that a test names, so that the test can do what
-// it wants at that very document, however quick or slow the machine is.
+// The products' add-in with one thing more: it waits at the documents that a test names, so that the test
+// can do what it wants at that very document, however quick or slow the machine is.
 //
-// $HOME/wait-at holds the numbers of those documents, counted from 1 over all offices of a batch; without the file the
-// add-in goes on. $HOME/stuffed gets a character for each document that comes by.
+// $HOME/wait-at holds the numbers of those documents, counted from 1 over all offices of a batch; without the
+// file the add-in goes on. $HOME/stuffed gets a character for each document that comes by.
 
 #include "companions/office/AddIn.h"
 
