@@ -1,6 +1,5 @@
 #include "search/forms/BuildDisclosureProgressForm.h"
 
-#include "branding/forms/formBranding.h"
 #include "search/DisclosureProgress.h"
 #include "window/DefaultInstance.h"
 #include "window/MnemonicLabel.h"
@@ -75,11 +74,6 @@ BuildDisclosureProgressForm::BuildDisclosureProgressForm()
     spaceForm(*layout);
     layout->addWidget(DisclosureMessageLabel_);
     layout->addWidget(ProgressValue_);
-}
-
-void BuildDisclosureProgressForm::onLoad()
-{
-    ApplyFormBranding(*this);
 }
 
 void BuildDisclosureProgressForm::showLabels()

@@ -8,7 +8,8 @@ namespace zorvo {
 
 class MnemonicLabel;
 
-/// Stands on the screen while the result of a search is built, and says how far it is.
+/// Stands on the screen while the result of a search is built, and says how far it is. It has no events of
+/// its own: its words are the same for every company.
 class BuildDisclosureProgressForm : public Form {
     Q_OBJECT
 
@@ -17,9 +18,6 @@ public:
 
     void showLabels();
     void setProgressValue(const std::string& sText);
-
-protected:
-    void onLoad() override;
 
 private:
     MnemonicLabel* DisclosureMessageLabel_;

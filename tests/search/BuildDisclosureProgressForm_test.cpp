@@ -107,7 +107,7 @@ TEST_F(BuildDisclosureProgressFormTest, OneLeftByAFailureTakesTheNextBuild)
     EXPECT_EQ(Form::loadedForms(), nForms + 1);
 }
 
-TEST_F(BuildDisclosureProgressFormTest, ReadsAsTheCompanysOwn)
+TEST_F(BuildDisclosureProgressFormTest, KeepsItsWordsUnderAnotherCompany)
 {
     fakes.files->addFile(
         "C:\\Zorvo\\xmlCaptions.xml",
@@ -116,9 +116,10 @@ TEST_F(BuildDisclosureProgressFormTest, ReadsAsTheCompanysOwn)
     xmlCaptionLoader();
     StoreCompanyID("ABC");
     disclosureProgress()->showForm();
-    EXPECT_EQ(form()->caption(), QStringLiteral("Example File Progress Indicator"));
+    EXPECT_EQ(form()->caption(), QStringLiteral("Disclosure Document Progress Indicator"));
     EXPECT_EQ(label("DisclosureMessageLabel").caption(),
-              QStringLiteral("The Example File is Being Built and Will Display Shortly . . ."));
+              QStringLiteral("The Disclosure Document is Being Built and Will Display Shortly . . ."));
+    EXPECT_TRUE(messages.reports.empty()) << "nor is the company's icon looked for";
 }
 
 } // namespace
