@@ -329,12 +329,13 @@ class Branding(unittest.TestCase):
                 self.assertRegex(address.text, r"^https://[a-z.-]+\.example/")
 
     def test_pairs_are_numbered_without_a_gap_and_show_deletion_and_the_house_word(self):
-        pairs = parse(PROGRAM / "MRL" / "xmlCaptions.xml").find("Rebrand")
-        count = sum(1 for element in pairs if element.tag.startswith("Find"))
-        texts = [(pairs.findtext(f"Find{n}"), pairs.findtext(f"Replace{n}")) for n in range(1, count + 1)]
-        self.assertTrue(all(find and replace is not None for find, replace in texts), texts)
-        self.assertTrue(any(replace == "" for _, replace in texts))
-        self.assertTrue(any("Zorvo" in find and "Zorvo" not in replace for find, replace in texts))
+        for folder in (PROGRAM / "OTR", PROGRAM / "MRL"):
+            pairs = parse(folder / "xmlCaptions.xml").find("Rebrand")
+            count = sum(1 for element in pairs if element.tag.startswith("Find"))
+            texts = [(pairs.findtext(f"Find{n}"), pairs.findtext(f"Replace{n}")) for n in range(1, count + 1)]
+            self.assertTrue(all(find and replace is not None for find, replace in texts), texts)
+            self.assertTrue(any(replace == "" for _, replace in texts), folder)
+            self.assertTrue(any("Zorvo" in find and "Zorvo" not in replace for find, replace in texts), folder)
 
     def test_pictures_are_what_their_names_say(self):
         for folder in (PROGRAM / "Images", PROGRAM / "OTR", PROGRAM / "MRL"):
