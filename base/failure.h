@@ -16,7 +16,7 @@ extern std::string gsErrDescription;
 /// Writes the failure in the log and shows it in a box. `sTag` is "Module.Procedure"; `sMessage` replaces the
 /// raw error in the box. The work is done by the reporter that the shell installs; without one (a console
 /// tool, a test) nothing happens.
-/// With `bQuiet` given, whatever its value, nothing is logged nor shown in any other text than the raw error.
+/// With `bQuiet` given, whatever its value, the failure is neither logged nor shown.
 void ReportError(const std::optional<std::string>& sTag = {}, const std::optional<std::string>& sMessage = {},
                  const std::optional<bool>& bQuiet = {});
 
