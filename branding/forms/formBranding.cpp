@@ -79,6 +79,11 @@ void SetTaskManagerPicture(Form& frm, QLabel* pic)
 {
     if (isDefaultCompany())
         return;
+    // Some desktops list a window under the launcher of this name, icon and all: not under the house's.
+    const QString launcher = QGuiApplication::desktopFileName();
+    const QString own = QLatin1Char('.') + QString::fromStdString(GetCompanyID());
+    if (!launcher.endsWith(own))
+        QGuiApplication::setDesktopFileName(launcher + own);
     if (const PicturePtr icon = LoadBrandedPicture(kIconName)) {
         if (pic)
             pic->setPixmap(icon->pixmap());

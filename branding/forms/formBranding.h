@@ -14,8 +14,9 @@ void ApplyFormBranding(Form& frm);
 /// and one whose caption can't be set, is passed over.
 void RebrandFormCaptions(Form& frm);
 
-/// Shows another company's icon and the form's caption where the session lists running programs. `pic` is a
-/// picture box that takes the icon as well.
+/// Shows another company's icon and the form's caption where the session lists running programs: the icon of
+/// all windows, and a launcher's name of the company's own, which is the program's with ".<company>" behind
+/// it. `pic` is a picture box that takes the icon as well.
 void SetTaskManagerPicture(Form& frm, QLabel* pic = nullptr);
 
 } // namespace zorvo

@@ -56,11 +56,17 @@ class FormBranding : public BrandingTest {
 protected:
     FormBranding()
         : iconBefore_(QApplication::windowIcon())
+        , launcherBefore_(QGuiApplication::desktopFileName())
     {
+        QGuiApplication::setDesktopFileName(QStringLiteral("com.example.Program"));
         fakes.files->addFile("C:\\Zorvo\\Images\\Brendle.ico", iconBytes(16));
         fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", iconBytes(24));
     }
-    ~FormBranding() override { QApplication::setWindowIcon(iconBefore_); }
+    ~FormBranding() override
+    {
+        QApplication::setWindowIcon(iconBefore_);
+        QGuiApplication::setDesktopFileName(launcherBefore_);
+    }
 
     static int iconWidth(const QIcon& icon)
     {
@@ -71,6 +77,7 @@ protected:
 
 private:
     QIcon iconBefore_;
+    QString launcherBefore_;
 };
 
 TEST_F(FormBranding, DoesNothingForTheDefaultCompany)
@@ -169,6 +176,7 @@ TEST_F(TaskManagerPicture, IsLeftAloneForTheDefaultCompany)
     EXPECT_TRUE(pic.pixmap(Qt::ReturnByValue).isNull());
     EXPECT_EQ(QApplication::windowIcon().cacheKey(), form.windowIcon().cacheKey());
     EXPECT_TRUE(form.windowIconText().isEmpty());
+    EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("com.example.Program"));
     EXPECT_TRUE(fakes.files->calls.empty());
 }
 
@@ -182,6 +190,14 @@ TEST_F(TaskManagerPicture, ShowsTheCompanysIconAndTheFormsCaption)
     EXPECT_EQ(iconWidth(form.windowIcon()), 24);
     EXPECT_EQ(pic.pixmap(Qt::ReturnByValue).width(), 24);
     EXPECT_EQ(form.windowIconText(), QStringLiteral("ABC's Brendle"));
+}
+
+TEST_F(TaskManagerPicture, TheWindowsAreListedUnderALauncherOfTheCompanysOwn)
+{
+    StoreCompanyID("ABC");
+    SetTaskManagerPicture(form);
+    SetTaskManagerPicture(form);
+    EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("com.example.Program.ABC"));
 }
 
 TEST_F(TaskManagerPicture, WithoutAnIconTheCaptionIsStillShown)
