@@ -102,6 +102,15 @@ void ToolPool::rewriteBand(const ToolBand& band, const CaptionRule& rule)
     }
 }
 
+void ToolPool::rewriteHints(const CaptionRule& rule)
+{
+    for (auto& [sUpperId, tool] : toolsByUpperId_) {
+        tool.sStatusText = rule(tool.sStatusText);
+        tool.sToolTip = rule(tool.sToolTip);
+        changed(&tool);
+    }
+}
+
 void ToolPool::setSideStrip(PicturePtr picture)
 {
     sideStrip_ = std::move(picture);

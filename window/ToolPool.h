@@ -68,6 +68,8 @@ public:
     /// Puts every caption through the rule, once: of each menu bar and toolbar each tool, and of each tool of
     /// type 7 the tools of its sub-band.
     void rewriteCaptions(const CaptionRule& rule);
+    /// Puts the status text and the tool tip of every tool through the rule.
+    void rewriteHints(const CaptionRule& rule);
 
     /// The picture at the side of the menus; null for none.
     const PicturePtr& sideStrip() const { return sideStrip_; }

@@ -344,6 +344,8 @@ void TemplateTree::RebrandToolbars()
         return;
     tools_.setSideStrip(LoadBrandedPicture("Sidebar"));
     tools_.rewriteCaptions([](const std::string& sCaption) { return sRebrand(sCaption, true); });
+    // What a tool says of itself in the status bar and beside the pointer marks no access key.
+    tools_.rewriteHints([](const std::string& sHint) { return sRebrand(sHint, false); });
 }
 
 void TemplateTree::onActivate()

@@ -54,10 +54,11 @@ void frmSingleInstance::setInstanceName(const std::string& sName)
     lblInstanceName_->setText(QString::fromStdString(sName));
 }
 
-void frmSingleInstance::SetData(QWidget* owner, bool bMirrorToMain)
+void frmSingleInstance::SetData(QWidget* owner, std::optional<int> x)
 {
-    owner_ = owner;
-    bMirrorToMain_ = bMirrorToMain;
+    if (owner)
+        owner_ = owner;
+    bMirrorToMain_ = !x;
     startTimer();
 }
 
@@ -67,7 +68,7 @@ void frmSingleInstance::onLoad()
     // An owned window stays above its owner.
     setOwnerWindow(*this, owner_ ? *owner_ : static_cast<QWidget&>(templateTree().get()));
     ApplyFormBranding(*this);
-    if (GetCompanyID() != "Zorvo") {
+    if (GetCompanyID() != kDefaultCompany) {
         if (const PicturePtr picture = LoadBrandedPicture("Product16.ico"))
             imgDocument_->setPixmap(picture->icon().pixmap(kPictureSize));
     }

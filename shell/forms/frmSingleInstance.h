@@ -3,7 +3,10 @@
 #include "window/Form.h"
 #include "window/IntervalTimer.h"
 
+#include <QPointer>
+
 #include <cstdint>
+#include <optional>
 #include <string>
 
 class QLabel;
@@ -19,9 +22,10 @@ public:
 
     /// The name of the document that is being made.
     void setInstanceName(const std::string& sName);
-    /// The window that the box stays above; without one it is the main form. With `bMirrorToMain` the waiting
-    /// text also runs in the main form's first status panel. Starts the dots.
-    void SetData(QWidget* owner, bool bMirrorToMain);
+    /// `owner` is the window that the box stays above; without one it is the main form. The waiting text also
+    /// runs in the main form's first status panel when `x` is missing; its value means nothing. Starts the
+    /// dots.
+    void SetData(QWidget* owner = nullptr, std::optional<int> x = {});
 
 protected:
     void onLoad() override;
@@ -35,7 +39,7 @@ private:
     QLabel* imgDocument_;
     QLabel* sbPleaseWait_;
     IntervalTimer tmPleaseWait_;
-    QWidget* owner_ = nullptr;
+    QPointer<QWidget> owner_;
     bool bMirrorToMain_ = false;
     std::int16_t nDots_ = 0;
 };

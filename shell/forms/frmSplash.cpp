@@ -3,6 +3,7 @@
 #include "branding/brandedFiles.h"
 #include "branding/companyIdentity.h"
 #include "branding/forms/formBranding.h"
+#include "branding/sRebrand.h"
 #include "shell/MainForm.h"
 #include "shell/ShellForms.h"
 #include "shell/eventMailbox.h"
@@ -32,7 +33,6 @@ frmSplash::frmSplash()
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
     setCaption(QStringLiteral("Zorvo's Brendle"));
     picSplash_->setObjectName(QStringLiteral("picSplash"));
-    picSplash_->setAccessibleName(tr("Zorvo's Brendle is starting"));
     picSplash_->installEventFilter(this);
     lblVersion_->setObjectName(QStringLiteral("lblVersion"));
     lblVersion_->setAlignment(Qt::AlignRight);
@@ -48,6 +48,8 @@ void frmSplash::onLoad()
     goMousePointer().setMousePointer(kHourglass);
     lblVersion_->setText(QString::fromStdString(GetVersionText()));
     picSplash_->setPixmap(QIcon(QStringLiteral(":/pictures/splash.svg")).pixmap(kPictureSize));
+    picSplash_->setAccessibleName(
+        QString::fromStdString(sRebrand("Zorvo's Brendle is starting", false))); // no caption, so not walked
     ApplyFormBranding(*this);
 }
 

@@ -417,6 +417,8 @@ TEST_F(TemplateTreeLife, AnotherCompanysBandsCarryItsWordingAndItsSideStrip)
     EXPECT_EQ(menuTool("ID_ALLBRENDLEOFFERINGS")->text(),
               QStringLiteral("All of ABC's Brendle &Offerings..."));
     EXPECT_NE(form().findChild<ToolBands*>()->pool().sideStrip(), nullptr);
+    EXPECT_EQ(tool("ID_BRENDLEHELP")->statusTip(), QStringLiteral("ABC Brendle Help."));
+    EXPECT_EQ(tool("ID_SEARCHSABLEWOODLIBRARY")->toolTip(), QStringLiteral("Search ABC's Sablewood Library"));
     EXPECT_THAT(messages.reports, IsEmpty());
 }
 

@@ -6,25 +6,19 @@
 #include "shell/eventMailbox.h"
 #include "shell/forms/formInstances.h"
 #include "shell/forms/frmNoMoreSearch.h"
-#include "shell/forms/frmOptions.h"
-#include "shell/forms/frmSingleInstance.h"
 #include "shell/forms/frmSplash.h"
 #include "shell/forms/frmTreeSearch.h"
-#include "shell/forms/optionsDialog.h"
 #include "shell/shellState.h"
 #include "tests/shell/MainFormTest.h"
 #include "tests/shell/modalForms.h"
 #include "window/MnemonicLabel.h"
-#include "window/StatusPanels.h"
 #include "window/clsMousePointer.h"
 
 #include <QBuffer>
-#include <QCheckBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 
@@ -56,10 +50,7 @@ void showAgain(QWidget& form)
     QCoreApplication::processEvents();
 }
 
-class SmallFormsTest : public MainFormTest {
-protected:
-    QString mainStatus() { return form().findChild<StatusPanels*>()->text(1); }
-};
+using SmallFormsTest = MainFormTest;
 
 TEST_F(SmallFormsTest, TheSplashLoadsTheMainFormHiddenAndStaysBusyUntilItUnloads)
 {
@@ -107,6 +98,30 @@ TEST_F(SmallFormsTest, TheSplashShowsTheVersionAndStoresItWithoutACompanysPrefix
     EXPECT_TRUE(text.contains(QStringLiteral(".0.")));
     EXPECT_EQ(stored("Version"), text.toStdString());
     splash().unload();
+}
+
+TEST_F(SmallFormsTest, WhoCannotSeeTheSplashHearsTheCompanysName)
+{
+    sessionState().gsCompanyID = "ABC";
+    EXPECT_EQ(child<QLabel>(splash().get(), "picSplash")->accessibleName(),
+              QStringLiteral("ABC's Brendle is starting"));
+    splash().unload();
+}
+
+TEST_F(SmallFormsTest, ABusyPointerWithoutAMainFormLoadsItHiddenAndNoneUnderTheModalState)
+{
+    goMousePointer().SetModalDialogState(true);
+    goMousePointer().setMousePointer(11);
+    EXPECT_EQ(templateTree().ifLoaded(), nullptr);
+    goMousePointer().setMousePointer(0);
+    EXPECT_EQ(templateTree().ifLoaded(), nullptr);
+    goMousePointer().SetModalDialogState(false);
+    goMousePointer().setMousePointer(11);
+    ASSERT_NE(templateTree().ifLoaded(), nullptr);
+    EXPECT_FALSE(form().isVisible());
+    EXPECT_FALSE(form().isEnabled());
+    goMousePointer().setMousePointer(0);
+    EXPECT_TRUE(form().isEnabled());
 }
 
 TEST_F(SmallFormsTest, TheSplashOfACompanyWithoutItsPictureTellsItOnceAndShowsNone)
@@ -186,105 +201,6 @@ TEST_F(SmallFormsTest, AClickOnTheSplashAsksTheMainFormsTimerToEndTheWait)
     EXPECT_EQ(form().tmEventInterval(), 1);
     EXPECT_TRUE(QTest::qWaitFor([] { return splash().ifLoaded() == nullptr; }));
     EXPECT_EQ(form().tmEventInterval(), 0);
-}
-
-TEST_F(SmallFormsTest, TheWaitingBoxIsBusyWhileItIsLoadedAndMirrorsNothingUnlessAsked)
-{
-    form();
-    singleInstance().get().setInstanceName("Letter");
-    singleInstance().get().showModeless();
-    EXPECT_EQ(child<QLabel>(singleInstance().get(), "lblInstanceName")->text(), QStringLiteral("Letter"));
-    EXPECT_EQ(goMousePointer().MousePointer(), 11);
-    EXPECT_TRUE(QTest::qWaitFor([] {
-        return child<QLabel>(singleInstance().get(), "sbPleaseWait")->text() ==
-               QStringLiteral(" Please wait . .");
-    }));
-    EXPECT_TRUE(mainStatus().isEmpty());
-    singleInstance().unload();
-    EXPECT_EQ(goMousePointer().MousePointer(), 0);
-}
-
-TEST_F(SmallFormsTest, TheWaitingBoxMirrorsItsTextInTheMainFormAndClearsItAtTheEnd)
-{
-    form();
-    singleInstance().get().SetData(nullptr, true);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return mainStatus() == QStringLiteral(" Please wait ."); }));
-    singleInstance().unload();
-    EXPECT_TRUE(mainStatus().isEmpty());
-}
-
-TEST_F(SmallFormsTest, OptionsShowTheSessionsValuesAndOkTakesTheFormsAndReloads)
-{
-    form();
-    sessionState().bShowViewOnTB = true;
-    int nReloads = 0;
-    whenModal("frmOptions", [](QWidget& options) {
-        EXPECT_TRUE(child<QRadioButton>(options, "optViewCurrentOnly")->isChecked());
-        EXPECT_TRUE(child<QCheckBox>(options, "chkDisplaySplash")->isChecked());
-        EXPECT_TRUE(child<QCheckBox>(options, "chkZorvoMenuState")->isChecked());
-        child<QRadioButton>(options, "optViewCurrentPlusPrior")->setChecked(true);
-        child<QCheckBox>(options, "chkDisplaySplash")->setChecked(false);
-        child<QCheckBox>(options, "chkZorvoMenuState")->setChecked(false);
-        click(options, "cmdOK");
-    });
-    editOptions([&nReloads] { ++nReloads; });
-    EXPECT_EQ(nReloads, 1);
-    EXPECT_FALSE(sessionState().bShowCurrentOnly);
-    EXPECT_FALSE(sessionState().bDisplaySplash);
-    EXPECT_FALSE(sessionState().bMenuState);
-    EXPECT_TRUE(sessionState().bShowViewOnTB) << "handed through unchanged";
-    EXPECT_EQ(stored("ShowCurrentOnly"), "False");
-    EXPECT_EQ(stored("DisplaySplash"), "False");
-}
-
-TEST_F(SmallFormsTest, OkWithNothingChangedReloadsTheTree)
-{
-    form();
-    int nReloads = 0;
-    whenModal("frmOptions", [](QWidget& options) { click(options, "cmdOK"); });
-    editOptions([&nReloads] { ++nReloads; });
-    EXPECT_EQ(nReloads, 1);
-}
-
-TEST_F(SmallFormsTest, CancelAndTheCloseBoxChangeNothingAndReloadNothing)
-{
-    form();
-    for (const bool bCloseBox : {false, true}) {
-        int nReloads = 0;
-        whenModal("frmOptions", [bCloseBox](QWidget& options) {
-            child<QRadioButton>(options, "optViewCurrentPlusPrior")->setChecked(true);
-            if (bCloseBox)
-                options.close();
-            else
-                click(options, "cmdCancel");
-        });
-        editOptions([&nReloads] { ++nReloads; });
-        EXPECT_EQ(nReloads, 0);
-        EXPECT_TRUE(sessionState().bShowCurrentOnly);
-        EXPECT_EQ(stored("ShowCurrentOnly"), "(absent)");
-    }
-}
-
-TEST_F(SmallFormsTest, SetLocationCallsTheClosedClassByItsDispatchId)
-{
-    form();
-    const auto location = objects->provideObject("{3561154C-DACA-40C5-85E8-A020D429B090}");
-    location->answerId(1, [](std::vector<Value>& /*arguments*/) { return Value(); });
-    whenModal("frmOptions", [](QWidget& options) {
-        click(options, "cmdSetLocation");
-        click(options, "cmdCancel");
-    });
-    editOptions([] {});
-    EXPECT_THAT(location->calledMembers(), testing::ElementsAre("#1"));
-    EXPECT_TRUE(location->calls[0].arguments.empty());
-}
-
-TEST_F(SmallFormsTest, AMissingLocationClassIsReportedAndEndsTheDialog)
-{
-    form();
-    whenModal("frmOptions", [](QWidget& options) { click(options, "cmdSetLocation"); });
-    editOptions([] { ADD_FAILURE(); });
-    EXPECT_THAT(messages.tags(), testing::ElementsAre("TemplateTree.ZorvoBrendleOptionsDialog"));
 }
 
 TEST_F(SmallFormsTest, FindNextAndCloseAnswerTheSearch)

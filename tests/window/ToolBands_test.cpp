@@ -97,6 +97,17 @@ TEST(ToolPool, RewritesTheCaptionsOfEveryBandOnce)
     EXPECT_EQ(pool.tool("ID_NOWHERE").sMenuCaption, "Nowhere");
 }
 
+TEST(ToolPool, RewritesTheHintsOfEveryToolAndNoCaption)
+{
+    ToolPool pool;
+    fillSample(pool);
+    pool.rewriteHints([](const std::string& sHint) { return "*" + sHint; });
+    EXPECT_EQ(pool.tool("ID_NEW").sStatusText, "*New selected document(s).");
+    EXPECT_EQ(pool.tool("ID_NEW").sToolTip, "*New Selected Document(s)");
+    EXPECT_EQ(pool.tool("ID_NEW").sMenuCaption, "&New...");
+    EXPECT_EQ(pool.tool("ID_NEW").sToolbarCaption, "&New Document");
+}
+
 class ToolBandsTest : public testing::Test {
 protected:
     ToolBandsTest()
@@ -235,6 +246,15 @@ TEST_F(ToolBandsTest, ShowsRewrittenCaptions)
     EXPECT_EQ(menuAction("ID_NEW")->text(), QStringLiteral("OT&&R &New..."));
     EXPECT_EQ(button("ID_NEW").text(), QStringLiteral("OT&&R &New Document"));
     EXPECT_EQ(accessibleText(button("ID_NEW")), "OT&R New Document");
+}
+
+TEST_F(ToolBandsTest, ShowsRewrittenHints)
+{
+    pool_.rewriteHints([](const std::string& sHint) { return sHint.empty() ? sHint : "OT&R: " + sHint; });
+    EXPECT_EQ(button("ID_NEW").toolTip(), QStringLiteral("OT&R: New Selected Document(s)"));
+    EXPECT_EQ(button("ID_NEW").defaultAction()->statusTip(),
+              QStringLiteral("OT&R: New selected document(s)."));
+    EXPECT_EQ(button("ID_ALL").toolTip(), QStringLiteral("View All Zorvo's...")) << "it has the caption's";
 }
 
 TEST_F(ToolBandsTest, NamesAreWithoutMarks)
