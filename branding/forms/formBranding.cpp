@@ -6,6 +6,7 @@
 #include "branding/sRebrand.h"
 #include "window/ControlCaption.h"
 #include "window/Form.h"
+#include "window/taskListName.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -79,11 +80,6 @@ void SetTaskManagerPicture(Form& frm, QLabel* pic)
 {
     if (isDefaultCompany())
         return;
-    // Some desktops list a window under the launcher of this name, icon and all: not under the house's.
-    const QString launcher = QGuiApplication::desktopFileName();
-    const QString own = QLatin1Char('.') + QString::fromStdString(GetCompanyID());
-    if (!launcher.endsWith(own))
-        QGuiApplication::setDesktopFileName(launcher + own);
     if (const PicturePtr icon = LoadBrandedPicture(kIconName)) {
         if (pic)
             pic->setPixmap(icon->pixmap());
@@ -91,6 +87,10 @@ void SetTaskManagerPicture(Form& frm, QLabel* pic)
         QApplication::setWindowIcon(icon->icon());
     }
     frm.setWindowIconText(frm.caption());
+    // Under the house's own launcher the desktop would show the house's icon and name all the same.
+    const QString launcher = QGuiApplication::desktopFileName();
+    const QString own = QLatin1Char('.') + QString::fromStdString(GetCompanyID());
+    setTaskListName(frm, launcher.endsWith(own) ? launcher : launcher + own, frm.caption());
 }
 
 } // namespace zorvo

@@ -98,6 +98,9 @@ class Show(LifecycleTest):
         session.brendle("setting", "set", "OTRDisplaySplash", "False")
         session.brendle("show", "--company", "OTR")
         self.assertEqual(session.window("TemplateTree").get_name(), "OT&R's Brendle")
+        # Not under the house's launcher.
+        self.assertEqual(session.window_class("^OT&R's Brendle$"),
+                         ['WM_CLASS = "com.zorvo.TSelector.OTR", "OT&R\'s Brendle"'])
 
 
 class End(LifecycleTest):

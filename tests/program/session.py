@@ -205,6 +205,13 @@ class Session:
         return "".join(subprocess.run(["xprop", "-id", each, "_NET_WM_STATE"], env=self.env, capture_output=True,
                                       text=True).stdout for each in ids)
 
+    def window_class(self, title):
+        """The two names by which the desktop finds the launcher of the window of that title."""
+        ids = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], env=self.env,
+                             capture_output=True, text=True, check=False).stdout.split()
+        return [subprocess.run(["xprop", "-notype", "-id", each, "WM_CLASS"], env=self.env, capture_output=True,
+                               text=True, check=True).stdout.strip() for each in ids]
+
     def move(self, left, top, width, height):
         """The active window, by its window manager."""
         window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,

@@ -76,6 +76,7 @@ protected:
         QBuffer buffer(&bytes);
         image.save(&buffer, "PNG");
         fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", bytes.toStdString());
+        fakes.files->addFile("C:\\Zorvo\\TreeData\\SWDXML.xml", "<SWDInformation group=\"Tessora\"/>");
         form();                               // so that no busy pointer loads it under way
         QApplication::setWindowIcon(QIcon()); // the main form has given the icon to all windows
     }

@@ -87,9 +87,12 @@ TEST_F(OptionsTest, UnderOtrTheTextsReadWithTheirAmpersandAndKeepTheirAccessKeys
               QStringLiteral("Show the OT&&R &menu in Excel or Word for non-OT&&R documents"));
     options.showModeless();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&options));
-    QTest::keyClick(&options, Qt::Key_M, Qt::AltModifier);
-    EXPECT_TRUE(child<QCheckBox>(options, "chkZorvoMenuState")->isChecked());
+    const auto isOn = [&options] { return child<QCheckBox>(options, "chkZorvoMenuState")->isChecked(); };
+    QTest::keyClick(&options, Qt::Key_M, Qt::AltModifier); // pressed for a moment, as with the mouse
+    EXPECT_TRUE(QTest::qWaitFor(isOn));
     QTest::keyClick(&options, Qt::Key_R, Qt::AltModifier); // the one of the name marks nothing
+    QTest::keyClick(&options, Qt::Key_M, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&isOn] { return !isOn(); }));
     EXPECT_FALSE(child<QCheckBox>(options, "chkDisplaySplash")->isChecked());
     options.unload();
 }
