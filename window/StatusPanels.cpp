@@ -174,7 +174,7 @@ void StatusPanels::showLock(StatusPanel& panel, const QString& shown, const QStr
     // Dimmed by half from the text's own colour: a dark desktop may have no colour for placeholders.
     QPalette colours;
     if (!bOn) {
-        QColor dimmed = palette().color(QPalette::WindowText);
+        QColor dimmed = palette().color(QPalette::Active, QPalette::WindowText);
         dimmed.setAlphaF(0.5F);
         colours.setColor(QPalette::WindowText, dimmed);
     }

@@ -144,6 +144,21 @@ TEST_F(StatusPanelsTest, TheClockGoesOn)
     EXPECT_TRUE(waitUntil([&] { return bar_.panel(3).text() != before; }));
 }
 
+TEST_F(StatusPanelsTest, ALockThatIsOffIsDimmedByHalfAlsoWhileTheWindowIsLocked)
+{
+    QPalette desktop;
+    desktop.setColor(QPalette::Active, QPalette::WindowText, QColor(0xEF, 0xF0, 0xF1));
+    desktop.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x40, 0x40, 0x40));
+    bar_.setPalette(desktop);
+    bar_.setEnabled(false);
+    const int nPanel = bar_.addPanel();
+    bar_.setPanelStyle(nPanel, PanelStyle::insert);
+    QColor shown = bar_.panel(nPanel).palette().color(QPalette::Active, QPalette::WindowText);
+    EXPECT_NEAR(shown.alphaF(), 0.5, 0.01);
+    shown.setAlpha(255);
+    EXPECT_EQ(shown, QColor(0xEF, 0xF0, 0xF1));
+}
+
 TEST_F(StatusPanelsTest, LocksFollowTheKeys)
 {
     buildSix();
