@@ -93,6 +93,8 @@ void ProfileForm::layOut(const std::string& sNativeFolder)
     intro->setWordWrap(true);
     lblFolderPath_->setTextFormat(Qt::PlainText);
     lblFolderPath_->setText(qt(sNativeFolder));
+    // As wide as the fields, and as high as a long path then needs.
+    lblFolderPath_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     lblFolderPath_->setWordWrap(true);
     lblFolderPath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     cboEngagementType_->setEditable(true);
@@ -127,7 +129,7 @@ void ProfileForm::layOut(const std::string& sNativeFolder)
     whole->addLayout(fields);
     whole->addStretch();
     whole->addLayout(buttons);
-    resize(kWidth, sizeHint().height());
+    resize(kWidth, std::max(sizeHint().height(), whole->totalHeightForWidth(kWidth)));
 }
 
 void ProfileForm::fillLists()

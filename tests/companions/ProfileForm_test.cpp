@@ -44,6 +44,19 @@ TEST(ProfileForm, BeginsWithTheProfileThatWasUsedLast)
     EXPECT_TRUE(control<QPushButton>(form, "cmdOK").isDefault());
 }
 
+TEST(ProfileForm, ShowsALongFolderWhole)
+{
+    for (const std::string sFolder :
+         {"/home/user/Documents", "/home/somebody/Documents/Clients and their files/Larkspur Orchards "
+                                  "Limited/2007/Audit/Planning/Documents made"}) {
+        ProfileForm form({}, sFolder);
+        form.show();
+        const auto& folder = control<QLabel>(form, "lblFolderPath");
+        EXPECT_GE(folder.height(), folder.heightForWidth(folder.width()));
+        EXPECT_EQ(folder.width(), control<QLineEdit>(form, "txtClientName").width());
+    }
+}
+
 TEST(ProfileForm, TakesAnotherRememberedProfileWhole)
 {
     ProfileForm form({kFirst, kSecond}, "");
