@@ -63,22 +63,22 @@ Tool& ToolPool::toolToChange(const std::string& sId)
 void ToolPool::setState(const std::string& sId, int nState)
 {
     Tool& tool = toolToChange(sId);
-    tool.state = nState;
-    changed(&tool);
+    if (std::exchange(tool.state, nState) != nState)
+        changed(&tool);
 }
 
 void ToolPool::setEnabled(const std::string& sId, bool bEnabled)
 {
     Tool& tool = toolToChange(sId);
-    tool.bEnabled = bEnabled;
-    changed(&tool);
+    if (std::exchange(tool.bEnabled, bEnabled) != bEnabled)
+        changed(&tool);
 }
 
 void ToolPool::setVisible(const std::string& sId, bool bVisible)
 {
     Tool& tool = toolToChange(sId);
-    tool.bVisible = bVisible;
-    changed(&tool);
+    if (std::exchange(tool.bVisible, bVisible) != bVisible)
+        changed(&tool);
 }
 
 void ToolPool::rewriteCaptions(const CaptionRule& rule)

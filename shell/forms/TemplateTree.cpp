@@ -28,6 +28,7 @@
 #include "window/LinkLabel.h"
 #include "window/ListBar.h"
 #include "window/MnemonicLabel.h"
+#include "window/ScrolledLabel.h"
 #include "window/StatusPanels.h"
 #include "window/TextScrollArea.h"
 #include "window/ToolBands.h"
@@ -137,7 +138,7 @@ void TemplateTree::buildDescription()
 
     fraDesc_ = new QGroupBox(QStringLiteral("Description"), this);
     fraDesc_->setObjectName(QStringLiteral("fraDesc"));
-    lblDesc_ = new MnemonicLabel("lblDesc", {}, fraDesc_);
+    lblDesc_ = new ScrolledLabel("lblDesc", fraDesc_);
     lblDesc_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 }
 

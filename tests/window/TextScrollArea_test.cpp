@@ -1,5 +1,6 @@
 #include "tests/window/WindowTest.h"
 #include "window/MnemonicLabel.h"
+#include "window/ScrolledLabel.h"
 #include "window/TextScrollArea.h"
 
 #include <QScrollBar>
@@ -54,6 +55,67 @@ TEST_F(TextScrollAreaTest, LeavesTheFocusOrderWhenItsTextFitsAgain)
     show(300, 90);
     window_.resize(300, 900);
     EXPECT_TRUE(waitUntil([this] { return area_->focusPolicy() == Qt::NoFocus; }));
+}
+
+TEST_F(TextScrollAreaTest, ALabelMadeForItFollowsItsTextItsFontAndTheWidth)
+{
+    ScrolledLabel label("label", nullptr);
+    EXPECT_EQ(label.minimumSizeHint().width(), 0);
+    const auto lines = [&](int width) {
+        return label.heightForWidth(width) / QFontMetrics(label.font()).lineSpacing();
+    };
+    EXPECT_EQ(lines(300), 1);
+    label.setCaption(QStringLiteral("one\ntwo\n\nfour"));
+    EXPECT_EQ(lines(300), 4);
+    label.setCaption(QStringLiteral("a few words ").repeated(40));
+    const int nLines = lines(300);
+    EXPECT_GT(nLines, 4);
+    EXPECT_GT(lines(150), nLines);
+    EXPECT_EQ(lines(300), nLines);
+    QFont large = label.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    label.setFont(large);
+    EXPECT_GT(lines(300), nLines);
+    label.setCaption(QString(200, QLatin1Char('m')));
+    EXPECT_GT(lines(300), 4) << "a long word is broken, not cut";
+}
+
+TEST_F(TextScrollAreaTest, ALabelMadeForItIsPaintedAsAnyLabel)
+{
+    ScrolledLabel label("label", &window_);
+    MnemonicLabel plain("plain", {}, &window_);
+    plain.setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    for (const char* text :
+         {"Summary & plan of the work", "First line\nand a second, which is longer than that"}) {
+        for (const bool bEnabled : {true, false}) {
+            for (MnemonicLabel* each : std::initializer_list<MnemonicLabel*>{&label, &plain}) {
+                each->setCaption(QString::fromLatin1(text).replace(QLatin1Char('&'), QLatin1String("&&")));
+                each->setEnabled(bEnabled);
+                each->resize(180, 100);
+            }
+            EXPECT_EQ(label.grab().toImage(), plain.grab().toImage()) << text << bEnabled;
+        }
+    }
+}
+
+TEST_F(TextScrollAreaTest, ALabelMadeForItIsAsHighAsItsTextAndStandsAtTheTop)
+{
+    QWidget window;
+    auto* label = new ScrolledLabel("label", nullptr);
+    auto* area = new TextScrollArea(label, &window);
+    auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(area, 1);
+    window.resize(300, 400);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const int words : {3, 30, 3, 300}) {
+        label->setCaption(QStringLiteral("a few words ").repeated(words));
+        EXPECT_TRUE(waitUntil([&] { return label->height() == label->heightForWidth(label->width()); }))
+            << words;
+        EXPECT_EQ(label->width(), area->viewport()->width());
+        EXPECT_EQ(label->pos(), QPoint(0, 0));
+    }
+    EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
 } // namespace

@@ -68,6 +68,23 @@ TEST(ToolPool, ComparesIdsInUpperCase)
     EXPECT_EQ(errorNumberOf([&] { pool.setEnabled("ID_MISSING", true); }), 5);
 }
 
+TEST(ToolPool, TellsOfChangesAndOfNothingElse)
+{
+    ToolPool pool;
+    fillSample(pool);
+    std::vector<std::string> told;
+    pool.setListener([&](const Tool* changed) { told.push_back(changed->sId); });
+    pool.setEnabled("ID_NEW", true);
+    pool.setVisible("ID_NEW", true);
+    pool.setState("ID_CURRENT", 0);
+    EXPECT_THAT(told, ElementsAre());
+    pool.setEnabled("ID_NEW", false);
+    pool.setVisible("ID_ALL", false);
+    pool.setState("ID_CURRENT", 1);
+    pool.setState("ID_EXIT", 0); // it had none
+    EXPECT_THAT(told, ElementsAre("ID_NEW", "ID_ALL", "ID_CURRENT", "ID_EXIT"));
+}
+
 TEST(ToolPool, RefusesABandOfUnknownToolsAndASecondOfOneName)
 {
     ToolPool pool;
@@ -314,6 +331,25 @@ TEST_F(ToolBandsTest, ToolsThatDoNotFitAreBehindAButtonOfTheirOwn)
     EXPECT_TRUE(waitUntil([&] { return more.isVisible(); }));
     EXPECT_EQ(more.focusPolicy(), Qt::TabFocus);
     EXPECT_EQ(accessibleText(more), "More tools");
+}
+
+TEST_F(ToolBandsTest, TheButtonOfMoreToolsHasTheColourOfTheDesktopsText)
+{
+    const QToolButton& more = *bands_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    const auto strongest = [&] {
+        const QImage picture = more.icon().pixmap(32).toImage();
+        QColor found(Qt::transparent);
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixelColor(x, picture.height() / 2).alpha() > found.alpha())
+                found = picture.pixelColor(x, picture.height() / 2);
+        return found;
+    };
+    for (const QColor& colour : {QColor(0xEF, 0xF0, 0xF1), QColor(0x10, 0x20, 0x30)}) {
+        QPalette desktop;
+        desktop.setColor(QPalette::ButtonText, colour);
+        bands_->setPalette(desktop);
+        EXPECT_EQ(strongest(), colour);
+    }
 }
 
 } // namespace
