@@ -85,6 +85,8 @@ TEST_F(LinuxFilesTest, ANativePathTakesTheLongestDriveThatHoldsIt)
     EXPECT_EQ(files.fromNative(folder / "disk/d/x/y"), "D:\\x\\y");
     EXPECT_EQ(files.fromNative(folder / "disk/d"), "D:\\");
     EXPECT_EQ(files.fromNative(folder / "disk/dd"), "E:\\dd");
+    fs::create_directory_symlink(folder / "disk/d/x", userData + "/dosdevices/f:");
+    EXPECT_EQ(files.fromNative(folder / "disk/d/x/y"), "F:\\y");
     EXPECT_EQ(files.fromNative("//usr//share/../lib/"), "Z:\\usr\\lib");
 }
 
@@ -105,6 +107,9 @@ TEST_F(LinuxFilesTest, TheExactNameComesFirst)
     EXPECT_EQ(files.read(z("a.txt")), "small");
     EXPECT_EQ(files.read(z("A.txt")), "capital");
     EXPECT_EQ(files.read(z("A.TXT")), "capital"); // the first by code
+    for (const char* name : {"abcd", "abcD", "abCd", "aBcd", "Abcd", "ABcd"})
+        putFile(folder / name, name);
+    EXPECT_EQ(files.read(z("ABCD")), "ABcd");
 }
 
 TEST_F(LinuxFilesTest, AHomeThatCannotBeWrittenHasNoDriveC)

@@ -71,6 +71,9 @@ TEST_F(SpecialFoldersTest, TheDocumentsFolderIsTheDesktopsElseTheHomeFolder)
     EXPECT_EQ(folders.documents(), z(folder / "home"));
     putFile(folder / "config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"/cut");
     EXPECT_EQ(folders.documents(), z(folder / "home"));
+    putFile(folder / "config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"/srv/papers\"\n");
+    const ScopedEnvironment ofTheSession("XDG_DOCUMENTS_DIR", "/srv/now");
+    EXPECT_EQ(folders.documents(), "Z:\\srv\\now");
 }
 
 TEST_F(SpecialFoldersTest, ADriveShowsInThePaths)

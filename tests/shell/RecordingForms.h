@@ -56,6 +56,8 @@ public:
     std::string chooseEngagement() override
     {
         journal.push_back("engagement list");
+        if (onEngagementList)
+            onEngagementList();
         return sEngagement;
     }
     void showAbout() override
@@ -92,6 +94,7 @@ public:
     std::string sEngagement;
     std::function<void()> onEvents;
     std::function<void()> onAbout;
+    std::function<void()> onEngagementList;
     std::function<void()> splashFailure;
     std::function<void()> searchFailure;
     int nInterval = 0;

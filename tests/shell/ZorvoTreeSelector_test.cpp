@@ -148,6 +148,22 @@ TEST_F(ZorvoTreeSelectorTest, ShowEngagementListDfsWritesTheChoiceAndLeavesAProc
     EXPECT_EQ(service->nEnded, 0);
 }
 
+TEST_F(ZorvoTreeSelectorTest, ShowEngagementListDfsReadsTheSettingsAndDropsTheOldAnswerBeforeItIsUp)
+{
+    fakes.settings->set("ZorvoBrendle", "Settings", "ShowCurrentOnly", "False");
+    leaveOldAnswer();
+    sessionState().bReturnSelection = true;
+    bool bListed = false;
+    forms.onEngagementList = [&] {
+        bListed = true;
+        EXPECT_FALSE(sessionState().bShowCurrentOnly);
+        EXPECT_FALSE(handOverFileExists());
+        EXPECT_FALSE(sessionState().bReturnSelection);
+    };
+    selector.ShowEngagementListDFS();
+    EXPECT_TRUE(bListed);
+}
+
 TEST_F(ZorvoTreeSelectorTest, ShowEngagementListDfsUnloadsALoadedMainFormByItsTimer)
 {
     forms.load();

@@ -1,6 +1,7 @@
 #include "shell/automationClasses.h"
 
 #include "base/RunTimeError.h"
+#include "base/XmlDocument.h"
 #include "base/sessionState.h"
 #include "shell/shellState.h"
 #include "tests/fakes/RecordingObjectService.h"
@@ -75,12 +76,33 @@ TEST_F(AutomationClassesTest, TheForwardersReachTheirForms)
 
 TEST_F(AutomationClassesTest, TheStatusFlagsTakeAutomationBooleansNumbersAndNothing)
 {
-    for (const Value& flag : {Value(), Value(true), Value(std::int16_t(-1)), Value(std::int32_t(1))}) {
-        std::vector<Value> arguments{flag, Value()};
-        EXPECT_EQ(std::get<std::string>(service->call(kStatus, "sGetProductStatusXML", arguments)),
-                  "<?xml version=\"1.0\" encoding=\"utf-8\" ?><ZorvoMSOfficeProductsStatus>"
-                  "</ZorvoMSOfficeProductsStatus>");
-    }
+    fakes.files->addFile(
+        "C:\\Zorvo\\TreeData\\TreeOrder.xml",
+        "<ZorvoTree Version='1'><ProductTreeGroup TreeTitle='' TreeTitleShort='' IconLarge='' "
+        "IconSmall=''><Acronymn numProdClassID='1' Name='A'>AUD</Acronymn></ProductTreeGroup>"
+        "</ZorvoTree>");
+    fakes.files->addFile("C:\\Zorvo\\TreeData\\HTML\\AUD.htm");
+    for (const std::string sGroup : {"Tessora", "Quillbook"})
+        fakes.registry->setText(HKEY_LOCAL_MACHINE,
+                                "Software\\Zorvo\\" + sGroup + "\\AUD\\2006\\InstallDefaults", "AppPath2",
+                                sGroup);
+    const auto paths = [this](Value bNoctaOnly, Value bAllProducts) {
+        std::vector<Value> arguments{std::move(bNoctaOnly), std::move(bAllProducts)};
+        XmlDocument status;
+        status.loadXML(std::get<std::string>(service->call(kStatus, "sGetProductStatusXML", arguments)));
+        std::string sPaths;
+        for (const XmlNode& path : status.selectNodes("//TemplatePath"))
+            sPaths += path.text() + ' ';
+        return sPaths;
+    };
+    for (const Value& missing : {Value(), Value(false), Value(std::int16_t(0))})
+        EXPECT_EQ(paths(missing, missing), "Tessora Quillbook ");
+    for (const Value& set : {Value(true), Value(std::int16_t(-1)), Value(std::int32_t(1))})
+        EXPECT_EQ(paths(set, Value()), "Tessora ");
+    for (const Value& all : {Value(true), Value(std::int16_t(-1)), Value(std::int32_t(-1))})
+        EXPECT_EQ(paths(Value(), all), "N/A ");
+    EXPECT_EQ(paths(Value(), std::int16_t(1)), "Tessora Quillbook ")
+        << "only the automation's own true counts";
 }
 
 TEST_F(AutomationClassesTest, AStatusFlagPast16BitsIsAnOverflowAndATextATypeMismatch)

@@ -91,6 +91,17 @@ TEST_F(ActXManagerTest, ACreationThatGivesNoObjectFailsToo)
                         "Please try to uninstall and then reinstall the Brendle framework.");
 }
 
+TEST_F(ActXManagerTest, AFailureReleasesTheObjectBeforeItEndsTheProcess)
+{
+    objects->provideObject(kFramework);
+    ConnectActXManager("T");
+    EXPECT_THROW(ReportActXFailure(70, "denied"), ProcessEnded);
+    EXPECT_EQ(shellState().objActXManager, nullptr);
+    EXPECT_EQ(boxes[0],
+              "T|48|The Brendle application cannot be created. The error is:\r\n\r\n70 denied\r\n\r\n"
+              "Please try to uninstall and then reinstall the Brendle framework.");
+}
+
 TEST_F(ActXManagerTest, ReleasingDropsTheObject)
 {
     std::weak_ptr<FakeLateBoundObject> object;
