@@ -47,30 +47,58 @@ int hexDigit(char c)
     return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
 }
 
-/// The place of a text's first byte that doesn't stand for itself: a brace, a backslash, a control character,
-/// a byte beyond ASCII. Most of a file is text in long runs, so eight bytes are looked at in one step: a bit
-/// is set for the first such byte among them, and perhaps for some behind it.
+// Eight bytes are looked at in one step: a bit is set for the first of those that are looked for, and perhaps
+// for some behind it.
+constexpr std::uint64_t kEach = 0x0101010101010101U;
+constexpr std::uint64_t kHighest = kEach * 0x80;
+
+constexpr std::uint64_t below(std::uint64_t eight, unsigned char limit)
+{
+    return (eight - kEach * limit) & ~eight & kHighest;
+}
+
+/// `limit` is below 128.
+constexpr std::uint64_t from(std::uint64_t eight, unsigned char limit)
+{
+    return (eight | (eight + kEach * (0x80U - limit))) & kHighest;
+}
+
+/// With zeroes behind the last byte.
+std::uint64_t eightAt(std::string_view bytes, std::size_t at)
+{
+    std::uint64_t eight = 0;
+    const std::size_t n = std::min(bytes.size() - at, sizeof eight);
+    if (n == sizeof eight)
+        std::memcpy(&eight, bytes.data() + at, sizeof eight);
+    else
+        std::memcpy(&eight, bytes.data() + at, n);
+    return eight;
+}
+
+std::size_t indexOfFirst(std::uint64_t bits)
+{
+    return static_cast<std::size_t>(std::countr_zero(bits)) / 8;
+}
+
+/// The place of the first byte that may not stand for itself: a backslash, a control character, or one from
+/// the opening brace on. Most of a file is text in long runs.
 std::size_t endOfRun(std::string_view bytes, std::size_t at)
 {
-    constexpr std::uint64_t kEach = 0x0101010101010101U;
-    constexpr std::uint64_t kHighest = kEach * 0x80;
-    const auto below = [](std::uint64_t eight, unsigned char limit) {
-        return (eight - kEach * limit) & ~eight & kHighest;
-    };
-    while (at < bytes.size()) {
-        std::uint64_t eight = 0; // zeroes behind the last byte end the run
-        const std::size_t n = std::min(bytes.size() - at, sizeof eight);
-        if (n == sizeof eight)
-            std::memcpy(&eight, bytes.data() + at, sizeof eight);
-        else
-            std::memcpy(&eight, bytes.data() + at, n);
-        const std::uint64_t ends = (eight & kHighest) | below(eight, ' ') | below(eight ^ kEach * '{', 1) |
-                                   below(eight ^ kEach * '}', 1) | below(eight ^ kEach * '\\', 1);
+    for (; at < bytes.size(); at += sizeof(std::uint64_t)) {
+        const std::uint64_t eight = eightAt(bytes, at); // zeroes end the run
+        const std::uint64_t ends = from(eight, '{') | below(eight, ' ') | below(eight ^ kEach * '\\', 1);
         if (ends != 0)
-            return at + static_cast<std::size_t>(std::countr_zero(ends)) / 8;
-        at += n;
+            return at + indexOfFirst(ends);
     }
-    return at;
+    return bytes.size();
+}
+
+/// The letters that the eight bytes begin with, zeroes behind them.
+std::uint64_t lettersOf(std::uint64_t eight)
+{
+    const std::uint64_t small = eight | kEach * 0x20;
+    const std::uint64_t others = (eight & kHighest) | below(small, 'a') | from(small, '{');
+    return others == 0 ? eight : eight & ((std::uint64_t(1) << indexOfFirst(others) * 8) - 1);
 }
 static_assert(std::endian::native == std::endian::little);
 
@@ -187,10 +215,11 @@ bool RtfReader::readControl()
 bool RtfReader::readControlWord()
 {
     const std::size_t nameAt = at_ + 1;
-    std::size_t end = nameAt;
-    std::uint64_t hash = kRtfHashStart;
-    while (end < bytes_.size() && end - nameAt < kLongestName && isLetter(bytes_[end]))
-        hash = addToRtfHash(hash, bytes_[end++]);
+    const std::uint64_t first = lettersOf(eightAt(bytes_, nameAt));
+    std::size_t end = nameAt + sizeof first - static_cast<std::size_t>(std::countl_zero(first)) / 8;
+    if (end - nameAt == sizeof first)
+        while (end < bytes_.size() && end - nameAt < kLongestName && isLetter(bytes_[end]))
+            ++end;
     const std::string_view name = bytes_.substr(nameAt, end - nameAt);
 
     const bool bNegative = end < bytes_.size() && bytes_[end] == '-';
@@ -210,7 +239,7 @@ bool RtfReader::readControlWord()
     at_ = end;
     constexpr std::int64_t kLargest = 0x7FFFFFFF;
     const int clamped = static_cast<int>(std::min(number, kLargest));
-    doWord(name, hash, bHasNumber, bNegative ? -clamped : clamped);
+    doWord(name, first, bHasNumber, bNegative ? -clamped : clamped);
     return true;
 }
 
@@ -314,11 +343,11 @@ void RtfReader::closeGroup()
     bEnded_ = outer_.empty();
 }
 
-void RtfReader::doWord(std::string_view name, std::uint64_t hash, bool bHasNumber, int number)
+void RtfReader::doWord(std::string_view name, std::uint64_t first, bool bHasNumber, int number)
 {
     const bool bStarred = bStarred_;
     bStarred_ = false;
-    const RtfWord* word = findRtfWord(name, hash);
+    const RtfWord* word = findRtfWord(name, first);
     if (!word) {
         if (bStarred)
             state_.destination = Destination::skipped;

@@ -67,7 +67,7 @@ private:
 
     void openGroup();
     void closeGroup();
-    void doWord(std::string_view name, std::uint64_t hash, bool bHasNumber, int number);
+    void doWord(std::string_view name, std::uint64_t first, bool bHasNumber, int number);
     void doDestination(const RtfWord& word, bool bStarred);
     void doProperty(RtfAction action, bool bHasNumber, int number);
     void doFontTableWord(RtfAction action, int number);

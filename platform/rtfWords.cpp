@@ -1,7 +1,9 @@
 #include "platform/rtfWords.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 
 namespace zorvo {
 
@@ -113,9 +115,9 @@ constexpr std::array kWords = {
 constexpr std::size_t kSlots = 512;
 static_assert(kWords.size() < kSlots / 2);
 
-std::size_t slotOf(std::uint64_t hash)
+std::size_t slotOf(std::uint64_t first)
 {
-    return (hash ^ hash >> 32U) % kSlots;
+    return first * 0x9E3779B97F4A7C15U >> 32U & (kSlots - 1);
 }
 
 class WordTable {
@@ -123,27 +125,27 @@ public:
     WordTable()
     {
         for (const RtfWord& word : kWords) {
-            std::uint64_t hash = kRtfHashStart;
-            for (const char letter : word.name)
-                hash = addToRtfHash(hash, letter);
-            std::size_t slot = slotOf(hash);
+            std::uint64_t first = 0;
+            std::memcpy(&first, word.name.data(), std::min(word.name.size(), sizeof first));
+            std::size_t slot = slotOf(first);
             while (slots_[slot].word != nullptr)
                 slot = (slot + 1) % kSlots;
-            slots_[slot] = {hash, &word};
+            slots_[slot] = {first, &word};
         }
     }
 
-    const RtfWord* find(std::string_view name, std::uint64_t hash) const
+    const RtfWord* find(std::string_view name, std::uint64_t first) const
     {
-        for (std::size_t slot = slotOf(hash); slots_[slot].word != nullptr; slot = (slot + 1) % kSlots)
-            if (slots_[slot].hash == hash && slots_[slot].word->name == name)
+        for (std::size_t slot = slotOf(first); slots_[slot].word != nullptr; slot = (slot + 1) % kSlots)
+            if (slots_[slot].first == first &&
+                (name.size() < sizeof first || slots_[slot].word->name == name))
                 return slots_[slot].word;
         return nullptr;
     }
 
 private:
     struct Slot {
-        std::uint64_t hash = 0;
+        std::uint64_t first = 0;
         const RtfWord* word = nullptr;
     };
     std::array<Slot, kSlots> slots_;
@@ -151,10 +153,10 @@ private:
 
 } // namespace
 
-const RtfWord* findRtfWord(std::string_view name, std::uint64_t hash)
+const RtfWord* findRtfWord(std::string_view name, std::uint64_t first)
 {
     static const WordTable table;
-    return table.find(name, hash);
+    return table.find(name, first);
 }
 
 } // namespace zorvo

@@ -33,14 +33,8 @@ struct RtfWord {
     std::uint32_t value = 0;
 };
 
-/// The hash of a name is made letter by letter.
-constexpr std::uint64_t kRtfHashStart = 0xCBF29CE484222325U;
-constexpr std::uint64_t addToRtfHash(std::uint64_t hash, char letter)
-{
-    return (hash ^ static_cast<unsigned char>(letter)) * 0x100000001B3U;
-}
-
-/// Null for a word that makes no difference to the text.
-const RtfWord* findRtfWord(std::string_view name, std::uint64_t hash);
+/// Null for a word that makes no difference to the text. `first` are the first eight letters of the name, or
+/// all of fewer with zeroes behind them, the first one lowest.
+const RtfWord* findRtfWord(std::string_view name, std::uint64_t first);
 
 } // namespace zorvo
