@@ -1,12 +1,13 @@
 #include "window/RichTextPage.h"
 
 #include "base/RunTimeError.h"
+#include "base/attempt.h"
 #include "base/text.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "window/noPicture.h"
 #include "window/spacing.h"
 
-#include <QImage>
 #include <QStringDecoder>
 #include <QTextDocument>
 #include <QTimer>
@@ -93,19 +94,23 @@ std::string RichTextPage::pathOf(const QUrl& link) const
     return bInside && !sFolder_.empty() ? sFolder_ + sPath : std::string();
 }
 
+/// Never a null answer: the document would look among the user's own files, and in the folder that the
+/// program happens to work in.
 QVariant RichTextPage::loadResource(int type, const QUrl& name)
 {
-    const std::string sPath = pathOf(name);
-    if (sPath.empty())
-        return {};
-    try {
-        const std::string sBytes = platform().files->read(sPath);
-        if (type == QTextDocument::ImageResource)
-            return QImage::fromData(QByteArray::fromStdString(sBytes));
-        return QString::fromStdString(sBytes);
-    } catch (const RunTimeError&) { // a picture that isn't there leaves its frame
-        return {};
-    }
+    QImage picture;
+    QString sText = QStringLiteral("");
+    if (const std::string sPath = pathOf(name); !sPath.empty())
+        attempt([&] { // what isn't there leaves a gap
+            const std::string sBytes = platform().files->read(sPath);
+            if (type == QTextDocument::ImageResource)
+                picture = QImage::fromData(QByteArray::fromStdString(sBytes));
+            else
+                sText = QString::fromStdString(sBytes);
+        });
+    if (type != QTextDocument::ImageResource)
+        return sText;
+    return picture.isNull() ? noPicture() : picture;
 }
 
 } // namespace zorvo

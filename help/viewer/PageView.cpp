@@ -1,6 +1,7 @@
 #include "help/viewer/PageView.h"
 
 #include "help/book/Markup.h"
+#include "window/noPicture.h"
 
 #include <QBuffer>
 #include <QEvent>
@@ -60,15 +61,6 @@ bool hasOwnColours(const QString& text)
     static const QRegularExpression colour(QStringLiteral(R"((?:color|background|text|link)\s*[:=])"),
                                            QRegularExpression::CaseInsensitiveOption);
     return colour.match(text).hasMatch();
-}
-
-/// Stands for a picture that can't be shown. It must be a picture: for anything else the document would look
-/// among the user's own files.
-QImage noPicture()
-{
-    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
 }
 
 QImage decodedPicture(QByteArray bytes)

@@ -2,10 +2,13 @@
 
 #include "tests/fakes/RecordingPageEngine.h"
 #include "tests/fakes/installFakePlatform.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/window/WindowTest.h"
 #include "window/Form.h"
 #include "window/RichTextPage.h"
 
+#include <QBuffer>
+#include <QImage>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -329,19 +332,46 @@ TEST_F(RichText, LinksLeadWithinTheFolderAndToTheWebAndNowhereElse)
 
 TEST_F(RichText, PicturesComeFromThePagesFolderAlone)
 {
-    const std::string sGif(
-        "GIF89a\x01\x00\x01\x00\x80\x00\x00\x00\x00\x00\xff\xff\xff!\xf9\x04\x01\x00\x00\x00\x00,"
-        "\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02"
-        "D\x01\x00;",
-        43);
+    QImage dot(7, 7, QImage::Format_RGB32);
+    dot.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    dot.save(&buffer, "PNG");
     write("AUD.htm", "A");
-    write("dot.gif", sGif);
-    fakes.files->addFile("C:\\Zorvo\\TreeData\\dot.gif", sGif);
+    write("dot.png", bytes.toStdString());
+    write("text.png", "no picture");
+    fakes.files->addFile("C:\\Zorvo\\TreeData\\dot.png", bytes.toStdString());
+    const TemporaryFolder outside;
+    const std::string sOutside = outside / "dot.png";
+    putFile(sOutside, bytes.toStdString());
     ASSERT_TRUE(navigate(kPage));
-    EXPECT_FALSE(resource("dot.gif").value<QImage>().isNull());
-    EXPECT_FALSE(resource("../dot.gif").isValid());
-    EXPECT_FALSE(resource("file:///C:/Zorvo/TreeData/dot.gif").isValid());
-    EXPECT_FALSE(resource("none.gif").isValid());
+    const auto size = [&](const std::string& sName) {
+        return resource(sName.c_str()).value<QImage>().size();
+    };
+    EXPECT_EQ(size("dot.png"), QSize(7, 7));
+    // A null picture would be looked for among the user's own files.
+    for (const std::string& sName :
+         std::vector<std::string>{"../dot.png", "file:///C:/Zorvo/TreeData/dot.png", "none.png", "text.png",
+                                  sOutside, "file://" + sOutside})
+        EXPECT_EQ(size(sName), QSize(1, 1)) << sName;
+}
+
+TEST_F(RichText, StyleSheetsComeFromThePagesFolderAlone)
+{
+    write("AUD.htm", "A");
+    write("page.css", "p { color: red }");
+    const TemporaryFolder outside;
+    putFile(outside / "page.css", "p { color: blue }");
+    ASSERT_TRUE(navigate(kPage));
+    const auto sheet = [&](const std::string& sName) {
+        return richText()
+            ->document()
+            ->resource(QTextDocument::StyleSheetResource, QUrl(QString::fromStdString(sName)))
+            .toString();
+    };
+    EXPECT_EQ(sheet("page.css"), QStringLiteral("p { color: red }"));
+    EXPECT_EQ(sheet("none.css"), QString());
+    EXPECT_EQ(sheet("file://" + (outside / "page.css")), QString());
 }
 
 } // namespace
