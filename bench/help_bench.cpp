@@ -1,5 +1,6 @@
 #include "help/viewer/HelpDesk.h"
 #include "help/viewer/HelpService.h"
+#include "platform/linux/SettingsFile.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -55,8 +56,10 @@ int showBareWindow()
 int showHelp(const QString& file)
 {
     using namespace zorvo::help;
-    HelpDesk desk(QCoreApplication::applicationDirPath() + QStringLiteral("/brendle-help-reader"),
-                  [](const QString&) {});
+    zorvo::SettingsFile settings;
+    HelpDesk desk(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/brendle-help-reader"),
+        [](const QString&) {}, settings);
     HelpService service(desk, QDBusConnection::sessionBus(), {});
     service.start();
     desk.show(0, file, zorvo::HelpViewer::kDisplayContents, 0, {});

@@ -2,6 +2,7 @@
 #include "help/viewer/HelpService.h"
 #include "platform/Launcher.h"
 #include "platform/linux/LinuxLauncher.h"
+#include "platform/linux/SettingsFile.h"
 #include "platform/linux/environmentFolders.h"
 
 #include <QApplication>
@@ -81,8 +82,9 @@ int main(int argc, char** argv)
         help::showElsewhere(bus, request->file, request->nCommand, request->nData))
         return kDone;
 
+    SettingsFile settings;
     help::HelpDesk desk(QCoreApplication::applicationDirPath() + QStringLiteral("/brendle-help-reader"),
-                        openWeb);
+                        openWeb, settings);
     help::HelpService service(desk, bus, {});
     const bool bServes = service.start();
     if (request->file.isEmpty()) {

@@ -1,6 +1,8 @@
 #include "help/viewer/HelpDesk.h"
 
+#include "base/RunTimeError.h"
 #include "help/viewer/HelpWindow.h"
+#include "platform/SettingsStore.h"
 #include "window/UiIds.h"
 
 #include <QDateTime>
@@ -16,6 +18,12 @@
 namespace zorvo::help {
 
 namespace {
+
+/// Where the settings keep the place of the window.
+constexpr const char* kApplication = "brendle-help";
+constexpr const char* kSection = "Window";
+constexpr const char* kWindowKey = "Geometry";
+constexpr const char* kPanesKey = "Panes";
 
 /// One file, however it is spelled. A file that isn't there has its own spelling.
 QString pathOf(const QFileInfo& file)
@@ -48,9 +56,11 @@ void placeBeside(HelpWindow& window, std::uintptr_t owner)
 
 } // namespace
 
-HelpDesk::HelpDesk(QString readerProgram, std::function<void(const QString&)> openWeb)
+HelpDesk::HelpDesk(QString readerProgram, std::function<void(const QString&)> openWeb,
+                   SettingsStore& settings)
     : readerProgram_(std::move(readerProgram))
     , openWeb_(std::move(openWeb))
+    , settings_(settings)
 {
 }
 
@@ -118,10 +128,36 @@ HelpWindow* HelpDesk::open(const QString& file, const QString& path, const QStri
         return nullptr;
     }
     auto* window = new HelpWindow(std::move(book), openWeb_);
+    placeAsBefore(*window);
     placeBeside(*window, owner);
+    connect(window, &HelpWindow::closing, this, [this, window] { rememberPlace(*window); });
     connect(window, &QObject::destroyed, this, &HelpDesk::forget, Qt::QueuedConnection);
     shown_.push_back({keyOf(info), path, client, window});
     return window;
+}
+
+/// A second book's window would come to lie on the first one's: where it goes is for the desktop to say.
+void HelpDesk::placeAsBefore(HelpWindow& window)
+{
+    if (std::any_of(shown_.begin(), shown_.end(),
+                    [](const Shown& each) { return each.window && each.window->isVisible(); }))
+        return;
+    const auto stored = [this](const char* key) {
+        return QByteArray::fromBase64(
+            QByteArray::fromStdString(settings_.get(kApplication, kSection, key).value_or(std::string())));
+    };
+    window.restore({stored(kWindowKey), stored(kPanesKey)});
+}
+
+void HelpDesk::rememberPlace(const HelpWindow& window)
+{
+    const HelpWindow::Place place = window.place();
+    try {
+        settings_.set(kApplication, kSection, kWindowKey, place.window.toBase64().toStdString());
+        settings_.set(kApplication, kSection, kPanesKey, place.panes.toBase64().toStdString());
+    } catch (const RunTimeError&) {
+        // Not worth a message: the next window comes up where the desktop puts it.
+    }
 }
 
 HelpDesk::Shown* HelpDesk::find(const QString& path)

@@ -10,6 +10,10 @@
 #include <functional>
 #include <vector>
 
+namespace zorvo {
+class SettingsStore;
+} // namespace zorvo
+
 namespace zorvo::help {
 
 class HelpWindow;
@@ -19,8 +23,9 @@ class HelpWindow;
 class HelpDesk : public QObject {
     Q_OBJECT
 public:
-    /// `readerProgram` is the native path of the reader; `openWeb` takes addresses that the user clicks.
-    HelpDesk(QString readerProgram, std::function<void(const QString&)> openWeb);
+    /// `readerProgram` is the native path of the reader; `openWeb` takes addresses that the user clicks;
+    /// `settings` keep where the window was.
+    HelpDesk(QString readerProgram, std::function<void(const QString&)> openWeb, SettingsStore& settings);
     ~HelpDesk() override;
 
     /// Carries a command out for `client`, a name by which the same caller is known again. Gives the native
@@ -51,10 +56,13 @@ private:
     HelpWindow* open(const QString& file, const QString& path, const QString& client, std::uintptr_t owner);
     void tellFailure(const QString& file, bool bMissing);
     void closeAll(const QString& client);
+    void placeAsBefore(HelpWindow& window);
+    void rememberPlace(const HelpWindow& window);
     void forget();
 
     QString readerProgram_;
     std::function<void(const QString&)> openWeb_;
+    SettingsStore& settings_;
     std::vector<Shown> shown_;
     int nBoxes_ = 0;
 };

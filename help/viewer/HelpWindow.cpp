@@ -7,6 +7,7 @@
 #include "window/UiIds.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -36,6 +37,7 @@ constexpr int kLeastZoom = -4;
 
 HelpWindow::HelpWindow(std::unique_ptr<Book> book, std::function<void(const QString&)> openWeb)
     : book_(std::move(book))
+    , panes_(new QSplitter)
     , tabs_(new QTabWidget)
     , contents_(new EntryTree)
     , page_(new PageView(*book_))
@@ -92,14 +94,13 @@ void HelpWindow::build()
     column->addWidget(notice_);
     column->addWidget(page_, 1);
 
-    auto* splitter = new QSplitter;
-    splitter->addWidget(tabs_);
-    splitter->addWidget(right);
-    splitter->setStretchFactor(0, 0);
-    splitter->setStretchFactor(1, 1);
-    splitter->setChildrenCollapsible(false);
-    splitter->setSizes({kTreeWidth, kWindowSize.width() - kTreeWidth});
-    setCentralWidget(splitter);
+    panes_->addWidget(tabs_);
+    panes_->addWidget(right);
+    panes_->setStretchFactor(0, 0);
+    panes_->setStretchFactor(1, 1);
+    panes_->setChildrenCollapsible(false);
+    panes_->setSizes({kTreeWidth, kWindowSize.width() - kTreeWidth});
+    setCentralWidget(panes_);
 }
 
 /// A row of buttons. A tool bar proper would load all readers of picture formats for the sake of an arrow
@@ -326,6 +327,23 @@ void HelpWindow::setTopMost(bool bTop)
         setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
+}
+
+HelpWindow::Place HelpWindow::place() const
+{
+    return {saveGeometry(), panes_->saveState()};
+}
+
+void HelpWindow::restore(const Place& place)
+{
+    restoreGeometry(place.window);
+    panes_->restoreState(place.panes);
+}
+
+void HelpWindow::closeEvent(QCloseEvent* event)
+{
+    Q_EMIT closing();
+    QMainWindow::closeEvent(event);
 }
 
 void HelpWindow::changeEvent(QEvent* event)

@@ -31,11 +31,24 @@ public:
     /// A number that the book doesn't have is told above the page that stands there.
     void showNumberedTopic(std::uint32_t number);
 
+    /// Where the window is and how it is parted, for a later one.
+    struct Place {
+        QByteArray window;
+        QByteArray panes;
+    };
+    Place place() const;
+    /// What isn't a place, or is on no screen, leaves the window as it is.
+    void restore(const Place& place);
+
     /// In front of all other windows, or back in the row. Neither moved nor sized.
     void setTopMost(bool bTop);
 
+Q_SIGNALS:
+    void closing();
+
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void build();
@@ -53,6 +66,7 @@ private:
     void zoom(int nSteps);
 
     std::unique_ptr<Book> book_;
+    QSplitter* panes_;
     QTabWidget* tabs_;
     EntryTree* contents_;
     QLineEdit* indexText_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include "help/viewer/HelpWindow.h"
 #include "help/viewer/PageView.h"
+#include "tests/fakes/FakeSettings.h"
 #include "tests/help/HelpTest.h"
 #include "tests/support/testFolders.h"
 
@@ -10,6 +11,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTest>
 #include <filesystem>
 
@@ -43,7 +45,8 @@ protected:
     static QString pageOf(HelpWindow* window) { return window->findChild<PageView*>()->page(); }
 
     QStringList opened_;
-    HelpDesk desk_{reader(), [this](const QString& address) { opened_.append(address); }};
+    FakeSettings settings_;
+    HelpDesk desk_{reader(), [this](const QString& address) { opened_.append(address); }, settings_};
 };
 
 TEST_F(HelpDeskTest, EachCommandShowsTheOneWindowOfItsBook)
@@ -94,6 +97,51 @@ TEST_F(HelpDeskTest, AClosedWindowComesBack)
     windows()[0]->close();
     EXPECT_NE(show(file(), HelpViewer::kDisplayContents), 0U);
     EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(HelpDeskTest, AWindowComesBackWhereItWasAndAsItWasParted)
+{
+    show(file(), HelpViewer::kDisplayContents);
+    windows()[0]->setGeometry(40, 60, 620, 500);
+    QTest::qWait(0);
+    auto* panes = windows()[0]->findChild<QSplitter*>();
+    panes->setSizes({200, 420});
+    const QList<int> sizes = panes->sizes();
+    windows()[0]->close();
+
+    HelpDesk later(
+        reader(), [](const QString&) {}, settings_);
+    later.show(0, file(), HelpViewer::kDisplayContents, 0, QStringLiteral("b"));
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows()[0]->geometry(), QRect(40, 60, 620, 500));
+    EXPECT_EQ(windows()[0]->findChild<QSplitter*>()->sizes(), sizes);
+}
+
+TEST_F(HelpDeskTest, ASecondBooksWindowDoesNotLieOnTheFirst)
+{
+    threePages().title("Another").write(path("other.chm"));
+    show(file(), HelpViewer::kDisplayContents);
+    windows()[0]->setGeometry(40, 60, 620, 500);
+    windows()[0]->close();
+    show(file(), HelpViewer::kDisplayContents);
+    show(file("other.chm"), HelpViewer::kDisplayContents);
+    ASSERT_EQ(windows().size(), 2);
+    EXPECT_NE(windows()[0]->geometry(), windows()[1]->geometry());
+}
+
+TEST_F(HelpDeskTest, APlaceThatIsNoneAndOneThatCannotBeKeptAreBorne)
+{
+    show(file(), HelpViewer::kDisplayContents);
+    const QSize usual = windows()[0]->size();
+    settings_.nFailWrites = 75;
+    windows()[0]->resize(620, 500);
+    windows()[0]->close();
+    settings_.nFailWrites = 0;
+    settings_.set("brendle-help", "Window", "Geometry", "no place");
+    settings_.set("brendle-help", "Window", "Panes", "AAAA");
+    show(file(), HelpViewer::kDisplayContents);
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows()[0]->size(), usual);
 }
 
 TEST_F(HelpDeskTest, CloseAllTakesTheWindowsOfItsCallerAlone)
