@@ -1,6 +1,7 @@
 #include "search/BuildExampleDocument.h"
 
 #include "base/RunTimeError.h"
+#include "base/attempt.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "branding/BrandedMsgBox.h"
@@ -44,13 +45,6 @@ private:
     std::shared_ptr<ExcelApplication> objExcelApp_;
 };
 
-const std::string& entryOf(const std::vector<std::string>& table, std::int16_t nIndex)
-{
-    if (nIndex < 0 || static_cast<std::size_t>(nIndex) >= table.size())
-        throw RunTimeError(kIndexOutOfRange);
-    return table[static_cast<std::size_t>(nIndex)];
-}
-
 /// Half a per cent goes to the even number.
 std::string sPercentage(int nDone, int nAll)
 {
@@ -80,7 +74,7 @@ void insertExamples(WordApplication& objWordApp)
 {
     SearchState& state = searchState();
     for (std::int16_t i = 1; i <= state.nSWDFoundCount; ++i) {
-        objWordApp.selection().insertFile(entryOf(state.sSWDFoundFiles, state.nSWDFileIndex));
+        objWordApp.selection().insertFile(tableEntry(state.sSWDFoundFiles, state.nSWDFileIndex));
         ++state.nSWDFileIndex;
         showProgress(sPercentage(i, state.nSWDFoundCount) + "% Completed");
     }
@@ -104,8 +98,8 @@ void build(WordPtr& objWordApp, ExcelOfTheCall& excel)
     objWordApp->setVisible(false);
     const std::string sCurrentFolder = platform().folders->current();
     showProgressForm();
-    const std::string& sFolder = entryOf(state.sSWDPath, state.nSWDSelected);
-    objWordApp->documentsAdd(sFolder + "\\SWD." + entryOf(state.sSWDTemplate, state.nSWDSelected));
+    const std::string& sFolder = tableEntry(state.sSWDPath, state.nSWDSelected);
+    objWordApp->documentsAdd(sFolder + "\\SWD." + tableEntry(state.sSWDTemplate, state.nSWDSelected));
     objWordApp->changeFileOpenDirectory(sFolder);
     insertExamples(*objWordApp);
     objWordApp->changeFileOpenDirectory(sCurrentFolder);
@@ -113,22 +107,13 @@ void build(WordPtr& objWordApp, ExcelOfTheCall& excel)
     handOver(*objWordApp, excel);
 }
 
-/// While a failure is handled there is nobody left to tell of another one.
-template <typename Statement>
-void quietly(Statement statement)
-{
-    try {
-        statement();
-    } catch (const RunTimeError&) { // the user reads about the first failure
-    }
-}
-
+/// The user reads about the failure that led here, and of no other one.
 void dropDocument(const WordPtr& objWordApp, ExcelOfTheCall& excel)
 {
-    quietly([&] { excel.get().setDisplayAlerts(false); });
-    quietly([&] { objWordApp->activeWindow().closeWithoutSaving(); });
-    quietly([&] { objWordApp->quit(); });
-    quietly([&] { excel.get().setDisplayAlerts(true); });
+    attempt([&] { excel.get().setDisplayAlerts(false); });
+    attempt([&] { objWordApp->activeWindow().closeWithoutSaving(); });
+    attempt([&] { objWordApp->quit(); });
+    attempt([&] { excel.get().setDisplayAlerts(true); });
 }
 
 void keepMatches(WordApplication& objWordApp, const std::string& sKeyword)
@@ -143,12 +128,11 @@ void keepMatches(WordApplication& objWordApp, const std::string& sKeyword)
         } else {
             objTable->select();
             objTable->remove();
-            try {
+            attempt([&] { // what can't be removed stays
                 // What stood between this example and the next.
                 while (!objWordApp.selection().withinTable())
                     objWordApp.selection().deleteForward();
-            } catch (const RunTimeError&) { // what can't be removed stays
-            }
+            });
         }
         // In small letters here and in capitals above: both are on record as they are.
         showProgress(sPercentage(i, objTables->count()) + "% completed");
@@ -186,7 +170,7 @@ void BuildExampleDocument()
 void FilterMasterDocument(const std::string& sFolder, const std::string& sKeyword, std::int16_t nSelected)
 {
     // No backslash: the master lies beside the edition's folder, under a name that begins with the folder's.
-    const std::string sMaster = sFolder + "All" + entryOf(searchState().sSWDRdfExt, nSelected) + ".dot";
+    const std::string sMaster = sFolder + "All" + tableEntry(searchState().sSWDRdfExt, nSelected) + ".dot";
     if (!bFileExists(sMaster))
         return;
     const WordPtr objWordApp = platform().office->createWordForUser();

@@ -1,5 +1,6 @@
 #include "search/FindSWDFiles.h"
 
+#include "base/attempt.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "branding/BrandedMsgBox.h"
@@ -27,24 +28,6 @@ constexpr double kWordWithoutFileSearch = 12;
 /// The one system on which the file search doesn't answer; later ones are taken as they are.
 constexpr double kSystemWithoutFileSearch = 6.0;
 
-/// A statement that is passed over when it fails.
-template <typename Statement>
-void attempt(Statement&& statement)
-{
-    try {
-        std::forward<Statement>(statement)();
-    } catch (const RunTimeError&) { // what it should have set stays as it was
-    }
-}
-
-template <typename Value>
-const Value& entry(const std::vector<Value>& table, std::int16_t nIndex)
-{
-    if (nIndex < 0 || static_cast<std::size_t>(nIndex) >= table.size())
-        throw RunTimeError(kIndexOutOfRange);
-    return table[static_cast<std::size_t>(nIndex)];
-}
-
 /// One run of FindSWDFiles.
 class Search {
 public:
@@ -67,9 +50,9 @@ public:
         // One entry more than there are editions: the tables have it. The last that is named so counts.
         for (std::int16_t i = 0; i <= state.nSWDCount; ++i)
             attempt([&] {
-                if (entry(state.sSWDName, i) + " " + entry(state.sSWDVersion, i) != sLibrary)
+                if (tableEntry(state.sSWDName, i) + " " + tableEntry(state.sSWDVersion, i) != sLibrary)
                     return;
-                sFolder_ = entry(state.sSWDPath, i);
+                sFolder_ = tableEntry(state.sSWDPath, i);
                 state.nSWDSelected = i;
             });
     }
@@ -127,7 +110,7 @@ private:
         question.sLookIn = sFolder_;
         attempt([&] { state.sSWDKeyword = forms().keywordText(); });
         question.sTextOrProperty = state.sSWDKeyword;
-        attempt([&] { question.sFileName = "*." + entry(state.sSWDRdfExt, state.nSWDSelected); });
+        attempt([&] { question.sFileName = "*." + tableEntry(state.sSWDRdfExt, state.nSWDSelected); });
         return question;
     }
 

@@ -43,6 +43,9 @@ struct SearchState {
 
 SearchState& searchState();
 
+/// An entry of one of the tables. Throws RunTimeError 9 beyond it.
+const std::string& tableEntry(const std::vector<std::string>& table, std::int16_t nIndex);
+
 /// The search itself: it reads the search form, and hides and unloads that form and the wait notice. Empty
 /// while none is installed; the form then offers no search.
 std::function<void()>& searchEngine();

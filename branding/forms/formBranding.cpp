@@ -1,6 +1,6 @@
 #include "branding/forms/formBranding.h"
 
-#include "base/RunTimeError.h"
+#include "base/attempt.h"
 #include "branding/brandedFiles.h"
 #include "branding/companyIdentity.h"
 #include "branding/sRebrand.h"
@@ -29,15 +29,6 @@ QString rebranded(const QString& caption, bool bEscapeAmpersand)
     return QString::fromStdString(sRebrand(caption.toStdString(), bEscapeAmpersand));
 }
 
-template <typename Statement>
-void skipFailure(Statement statement)
-{
-    try {
-        statement();
-    } catch (const RunTimeError&) { // a caption that can't be rebranded stays as it is
-    }
-}
-
 /// Twice: first for captions with access keys, then plain.
 void rebrandControl(QObject& control)
 {
@@ -54,7 +45,7 @@ void rebrandControlsOf(const QObject& parent)
     for (QObject* child : parent.findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly)) {
         if (child->isWidgetType() && static_cast<QWidget*>(child)->isWindow())
             continue;
-        skipFailure([child] { rebrandControl(*child); });
+        attempt([child] { rebrandControl(*child); });
         rebrandControlsOf(*child);
     }
 }
@@ -72,7 +63,7 @@ void ApplyFormBranding(Form& frm)
 
 void RebrandFormCaptions(Form& frm)
 {
-    skipFailure([&frm] { frm.setCaption(rebranded(frm.caption(), false)); });
+    attempt([&frm] { frm.setCaption(rebranded(frm.caption(), false)); });
     rebrandControlsOf(frm);
 }
 
