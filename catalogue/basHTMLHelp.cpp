@@ -8,9 +8,11 @@ namespace zorvo {
 
 namespace {
 
+/// Its end closes the help, so it doesn't end with a process that just goes: help that an add-in asked for
+/// stays when the add-in lets go of us.
 std::shared_ptr<clsHTMLHelp>& instance()
 {
-    static std::shared_ptr<clsHTMLHelp> help;
+    static auto& help = *new std::shared_ptr<clsHTMLHelp>;
     return help;
 }
 

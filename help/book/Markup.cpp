@@ -35,22 +35,24 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
-/// End of the tag that the text begins with, one past its ">"; quoted ">" don't count.
+/// End of the tag that the text begins with, one past its ">"; those in a quoted value don't count. Only at
+/// its beginning a quote makes a value a quoted one.
 std::size_t endOfTag(std::string_view text)
 {
-    char quote = '\0';
-    for (std::size_t at = 1; at < text.size(); ++at) {
-        const char c = text[at];
-        if (quote != '\0') {
-            if (c == quote)
-                quote = '\0';
-        } else if ((c == '"' || c == '\'') && text[at - 1] == '=') {
-            quote = c;
-        } else if (c == '>') {
-            return at + 1;
+    std::size_t at = 1;
+    while (at < text.size() && text[at] != '>') {
+        if (text[at++] != '=')
+            continue;
+        while (at < text.size() && isBlank(text[at]))
+            ++at;
+        if (at < text.size() && (text[at] == '"' || text[at] == '\'')) {
+            at = std::min(text.find(text[at], at + 1), text.size());
+        } else {
+            while (at < text.size() && !isBlank(text[at]) && text[at] != '>')
+                ++at;
         }
     }
-    return text.size();
+    return std::min(at + 1, text.size());
 }
 
 void appendUtf8(std::string& text, std::uint32_t code)
@@ -176,7 +178,8 @@ std::optional<MarkupPiece> Markup::next()
         const std::size_t name = bClosing ? 2 : 1;
         if (rest_.size() > name && !isLetter(rest_[name])) {
             if (bClosing || rest_[1] == '!' || rest_[1] == '?') {
-                rest_.remove_prefix(endOfTag(rest_));
+                // No quotes here: it ends at the first ">".
+                rest_.remove_prefix(std::min(rest_.find('>'), rest_.size() - 1) + 1);
                 continue;
             }
             // A lone "<" is text.
@@ -302,8 +305,9 @@ std::string pageTitle(std::string_view page)
 std::size_t nesting(std::string_view page)
 {
     // Elements that hold nothing, or whose end is often left out: they don't deepen a page.
-    constexpr std::array<std::string_view, 12> kFlat{"br",   "hr",    "img", "meta", "link", "input",
-                                                     "base", "param", "p",   "area", "col",  "frame"};
+    constexpr std::array<std::string_view, 19> kFlat{"br",    "hr", "img",  "meta", "link",  "input", "base",
+                                                     "param", "p",  "area", "col",  "frame", "li",    "dt",
+                                                     "dd",    "tr", "td",   "th",   "option"};
     std::size_t depth = 0;
     std::size_t deepest = 0;
     Markup markup(page);

@@ -1,6 +1,7 @@
 #include "help/viewer/EntryTree.h"
 
 #include "help/viewer/RoomyItems.h"
+#include "help/viewer/plainToolTip.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -47,7 +48,7 @@ QTreeWidgetItem* EntryTree::newItem(QTreeWidgetItem* parent, const QString& text
 {
     auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
     item->setText(0, text);
-    item->setToolTip(0, text);
+    item->setToolTip(0, plainToolTip(text));
     if (!target.isEmpty()) {
         item->setData(0, kTarget, target);
         const BookLink link = book_->resolve(target);

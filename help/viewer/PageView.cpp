@@ -1,6 +1,7 @@
 #include "help/viewer/PageView.h"
 
 #include "help/book/Markup.h"
+#include "help/book/pageCost.h"
 #include "window/noPicture.h"
 
 #include <QBuffer>
@@ -41,7 +42,7 @@ QString notice(const QString& heading, const QString& text)
 QString withBoundedTables(QString markup)
 {
     static const QRegularExpression spans(
-        QStringLiteral(R"(\b(?:col|row)span\s*=\s*["']?\s*[+-]?\d{3,}["']?)"),
+        QStringLiteral(R"(\b(?:col|row)span\s*+=\s*+["']?\s*+[+-]?\d{3,}["']?)"),
         QRegularExpression::CaseInsensitiveOption);
     return markup.remove(spans);
 }
@@ -50,9 +51,21 @@ QString withBoundedTables(QString markup)
 QString withTypedStyleSheets(QString markup)
 {
     static const QRegularExpression links(
-        QStringLiteral(R"(<link(?![^>]*\btype\s*=)(?=[^>]*\brel\s*=\s*["']?stylesheet))"),
+        QStringLiteral(R"(<link(?![^<>]*\btype\s*+=)(?=[^<>]*\brel\s*+=\s*+["']?stylesheet))"),
         QRegularExpression::CaseInsensitiveOption);
     return markup.replace(links, QStringLiteral("<link type=\"text/css\""));
+}
+
+/// The page as the document gets it; nothing when the document can't bear it.
+std::optional<QString> bearable(const QString& page)
+{
+    if (page.size() > kLongestPage)
+        return {};
+    QString shown = withTypedStyleSheets(withBoundedTables(page));
+    const std::string measured = shown.toStdString();
+    if (nesting(measured) > kDeepestNesting || !canBeLaidOut(measured))
+        return {};
+    return shown;
 }
 
 /// It sets colours of its own, and so counts on the white paper that the format's viewer has.
@@ -140,8 +153,10 @@ QVariant PageView::loadResource(int type, const QUrl& name)
     // Never a null answer: the document would look among the user's own files.
     if (!bInBook)
         return QString(QLatin1String(""));
-    if (type == QTextDocument::StyleSheetResource)
-        return book_.page(path).value_or(QString(QLatin1String("")));
+    if (type == QTextDocument::StyleSheetResource) {
+        const auto sheet = book_.page(path);
+        return sheet && canBeStyledBy(sheet->toStdString()) ? *sheet : QString(QLatin1String(""));
+    }
     current_ = path; // ahead of what the page asks for by names relative to its own
     return markup(path);
 }
@@ -162,12 +177,12 @@ QString PageView::markup(const QString& path)
                           .arg(path.mid(1)));
     }
     dress(setsColours(*page));
-    if (page->size() > kLongestPage || nesting(page->toStdString()) > kDeepestNesting) {
+    const auto shown = bearable(*page);
+    if (!shown) {
         const QString text = QString::fromStdString(plainText(page->left(kLongestPage).toStdString()));
         return QStringLiteral("<html><body><p>%1</p></body></html>").arg(text.toHtmlEscaped());
     }
-    const QString shown = withTypedStyleSheets(withBoundedTables(*page));
-    return shown.isEmpty() ? QStringLiteral("<html></html>") : shown;
+    return shown->isEmpty() ? QStringLiteral("<html></html>") : *shown;
 }
 
 /// By itself or through a style sheet.

@@ -1,6 +1,7 @@
 #include "help/viewer/SearchPane.h"
 
 #include "help/viewer/RoomyItems.h"
+#include "help/viewer/plainToolTip.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -104,7 +105,7 @@ void SearchPane::showHits(const QList<SearchHit>& hits)
         for (const SearchHit& hit : hits) {
             auto* item = new QListWidgetItem(hit.title, results_);
             item->setData(kPageRole, hit.page);
-            item->setToolTip(hit.title);
+            item->setToolTip(plainToolTip(hit.title));
         }
     }
     if (search_.words().isEmpty())

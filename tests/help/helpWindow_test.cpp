@@ -287,5 +287,20 @@ TEST_F(HelpWindowTest, TheContentsCanBeHiddenAndAnIndexRequestBringsThemBack)
     EXPECT_EQ(toggle->text(), QStringLiteral("Hide Contents"));
 }
 
+TEST_F(HelpWindowTest, TipsShowMarkupInABooksNamesAsItIs)
+{
+    const std::string name = "<img src=\"/etc/x.png\">";
+    show(TestBook()
+             .page("/a.htm", "&lt;b&gt;Title&lt;/b&gt;", "needle")
+             .contents({{"&lt;img src=&quot;/etc/x.png&quot;&gt;", "a.htm"}}));
+    const auto* contents = child<EntryTree>("Contents");
+    EXPECT_EQ(contents->topLevelItem(0)->text(0).toStdString(), name);
+    EXPECT_EQ(contents->topLevelItem(0)->toolTip(0),
+              QStringLiteral("<qt>&lt;img src=&quot;/etc/x.png&quot;&gt;</qt>"));
+    search(QStringLiteral("needle"));
+    EXPECT_EQ(child<QListWidget>("SearchResults")->item(0)->toolTip(),
+              QStringLiteral("<qt>&lt;b&gt;Title&lt;/b&gt;</qt>"));
+}
+
 } // namespace
 } // namespace zorvo::help

@@ -32,6 +32,10 @@ TEST(Markup, AQuotedSignDoesntEndATag)
 {
     EXPECT_EQ(walk("<a href=\"x>y\">z"), "+a|=z|");
     EXPECT_EQ(walk("<p title='>'>z"), "+p|=z|");
+    EXPECT_EQ(walk("<p title = '>' a>z"), "+p|=z|");
+    EXPECT_EQ(walk("<p title=it's=\">z"), "+p|=z|") << "a value that doesn't begin with a quote has none";
+    EXPECT_EQ(walk("<!x=\"><b>"), "+b|") << "nor has a declaration";
+    EXPECT_EQ(walk("<!x"), "");
 }
 
 TEST(Markup, ATagWithoutAnEndEndsWithThePage)
@@ -101,7 +105,11 @@ TEST(Markup, NestingCountsElementsThatAreOpen)
     std::string deep;
     for (int i = 0; i < 5000; ++i)
         deep += "<table><tr><td>";
-    EXPECT_EQ(nesting(deep), 15000U);
+    EXPECT_EQ(nesting(deep), 5000U);
+    std::string flat = "<ul>";
+    for (int i = 0; i < 5000; ++i)
+        flat += "<li>x";
+    EXPECT_EQ(nesting(flat), 1U) << "nobody writes their ends";
 }
 
 } // namespace

@@ -21,6 +21,14 @@ std::string png(QColor colour)
     return bytes.toStdString();
 }
 
+std::string repeated(const std::string& text, int nTimes)
+{
+    std::string all;
+    for (int i = 0; i < nTimes; ++i)
+        all += text;
+    return all;
+}
+
 class PageViewTest : public HelpTest {
 protected:
     void show(const TestBook& book)
@@ -145,16 +153,23 @@ TEST_F(PageViewTest, MarkupInANameIsShownAsItIs)
     EXPECT_TRUE(text().contains(QStringLiteral("<b>x</b>.htm")));
 }
 
-TEST_F(PageViewTest, HostileTablesAndNestingAreShownInBoundedTime)
+TEST_F(PageViewTest, HostilePagesAreShownInBoundedTime)
 {
-    std::string deep;
-    for (int i = 0; i < 20000; ++i)
-        deep += "<table><tr><td><div>";
+    const std::string deep = repeated("<table><tr><td><div>", 20000);
     show(TestBook()
              .page("/spans.htm", "S",
                    "<table><tr><td colspan=2000000000>cell</td><td rowspan='1000000000'>b</td>"
                    "</tr></table>")
-             .page("/deep.htm", "D", deep + "bottom"));
+             .page("/deep.htm", "D", deep + "bottom")
+             .page("/nested.htm", "N", repeated("<table><tr><td>", 60) + "bottom")
+             .page("/grid.htm", "G",
+                   "<table><tr>" + repeated("<td></td>", 20000) + "</tr>" + repeated("<tr></tr>", 20000) +
+                       "</table>bottom")
+             .page("/list.htm", "L", "<ul>" + repeated("<li>x</li>", 100000) + "</ul>bottom")
+             .page("/far.htm", "F", "<table cellpadding=1000000000><tr><td>x<td>bottom</table>")
+             .add("/sheet.htm", "<html><head><link rel=stylesheet href=far.css></head><body>" +
+                                    repeated("<p>x", 50) + "<p>bottom</body></html>")
+             .add("/far.css", "p { margin-top: 1000000px }"));
     QElapsedTimer clock;
     clock.start();
     view_->showPage(QStringLiteral("/spans.htm"));
@@ -163,6 +178,11 @@ TEST_F(PageViewTest, HostileTablesAndNestingAreShownInBoundedTime)
     view_->showPage(QStringLiteral("/deep.htm"));
     view_->grab();
     EXPECT_TRUE(text().contains(QStringLiteral("bottom")));
+    for (const char* page : {"/nested.htm", "/grid.htm", "/list.htm", "/far.htm", "/sheet.htm"}) {
+        view_->showPage(QLatin1String(page));
+        view_->grab();
+        EXPECT_TRUE(text().contains(QStringLiteral("bottom"))) << page;
+    }
     // Unbounded, this never ends: the limit is no measurement.
     EXPECT_LT(clock.elapsed(), 60000);
 }

@@ -72,6 +72,13 @@ class FromOutside(HelpTest):
         time.sleep(1)
         self.assertEqual(len(windows()), 1, "it stays")
 
+    def test_help_by_its_own_class_outlives_a_client_that_leaves_at_once(self):
+        session.brendle("call", "ZorvoTSelector.clsHelpDisplay", "show_QBK_Help")
+        session.wait_for_end()
+        window()
+        time.sleep(1)
+        self.assertEqual(len(windows()), 1, "it stays")
+
     def test_a_second_request_finds_the_same_window(self):
         session.brendle("help")
         window()
