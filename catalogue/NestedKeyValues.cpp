@@ -3,7 +3,6 @@
 #include "base/RunTimeError.h"
 #include "base/text.h"
 #include "catalogue/registryKeys.h"
-#include "platform/Platform.h"
 #include "platform/Registry.h"
 
 namespace zorvo {
@@ -31,7 +30,7 @@ public:
 
     std::int32_t walk(const std::string& sPath)
     {
-        std::unique_ptr<RegistryKey> key = open(sPath);
+        std::unique_ptr<RegistryKey> key = OpenKeyToRead(hive_, sPath);
         if (!key)
             return kStartingKeyNotOpened;
         std::int32_t nStatus = kRegistrySuccess;
@@ -60,17 +59,9 @@ private:
             walk(sPath);
     }
 
-    std::unique_ptr<RegistryKey> open(const std::string& sPath) const
-    {
-        std::unique_ptr<RegistryKey> key;
-        if (platform().registry->openKey(hive_, sPath, kKeyReadAccess, key) != kRegistrySuccess)
-            key.reset();
-        return key;
-    }
-
     void takeValue(const std::string& sPath)
     {
-        const std::unique_ptr<RegistryKey> key = open(sPath);
+        const std::unique_ptr<RegistryKey> key = OpenKeyToRead(hive_, sPath);
         std::string sData;
         RegistryType type{};
         if (!key || key->queryValue(sStringValueKey_, kValueCapacity, sData, type) != kRegistrySuccess)

@@ -5,7 +5,6 @@
 #include "catalogue/catalogueState.h"
 #include "catalogue/registryKeys.h"
 #include "catalogue/statusTemplates.h"
-#include "platform/Platform.h"
 
 #include <algorithm>
 
@@ -14,14 +13,6 @@ namespace zorvo {
 namespace {
 
 constexpr const char* kZorvoKey = "Software\\Zorvo\\";
-
-std::unique_ptr<RegistryKey> openKey(Hive hHive, const std::string& sPath)
-{
-    std::unique_ptr<RegistryKey> key;
-    if (platform().registry->openKey(hHive, sPath, kKeyReadAccess, key) != kRegistrySuccess)
-        key.reset();
-    return key;
-}
 
 /// The sub-keys' names in the store's order. Anything but success ends the enumeration.
 class SubKeyNames {
@@ -51,7 +42,7 @@ bool isMarkOf2002(const std::string& sName)
 /// Asked of the current user whichever hive is scanned.
 bool userHasKeyOf2002(const std::string& sProductPath)
 {
-    return openKey(HKEY_CURRENT_USER, sProductPath + "\\2002\\InstallDefaults") != nullptr;
+    return OpenKeyToRead(HKEY_CURRENT_USER, sProductPath + "\\2002\\InstallDefaults") != nullptr;
 }
 
 } // namespace
@@ -71,7 +62,7 @@ void ProductYears::ListProductYearsInHive(const std::string& sGroup, Hive hHive,
     const std::string sProductPath = kZorvoKey + sGroup + "\\" + sProduct;
     // Every key of that exact name counts, should the store enumerate one more than once.
     for (std::size_t nMatches = groupKeyNames(sGroup, hHive).count(sProduct); nMatches > 0; --nMatches) {
-        const std::unique_ptr<RegistryKey> productKey = openKey(hHive, sProductPath);
+        const std::unique_ptr<RegistryKey> productKey = OpenKeyToRead(hHive, sProductPath);
         if (productKey)
             appendNodes(collectYearEntries(*productKey, sProductPath, sProduct), sGroup, hHive, sProduct,
                         sNodes);
@@ -82,7 +73,7 @@ const ProductYears::KeyNames& ProductYears::groupKeyNames(const std::string& sGr
 {
     const auto [found, bNew] = groups_.try_emplace({sGroup, hHive});
     if (bNew) {
-        const std::unique_ptr<RegistryKey> groupKey = openKey(hHive, kZorvoKey + sGroup);
+        const std::unique_ptr<RegistryKey> groupKey = OpenKeyToRead(hHive, kZorvoKey + sGroup);
         if (groupKey) {
             SubKeyNames names(*groupKey);
             for (std::string sName; names.next(sName);)

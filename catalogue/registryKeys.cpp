@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/text.h"
+#include "platform/Platform.h"
 
 #include <array>
 #include <utility>
@@ -38,6 +39,14 @@ void SplitHiveKey(const std::string& sFullKey, std::string& sHiveName, std::stri
         throw RunTimeError(kInvalidCall);
     sHiveName = sFullKey.substr(0, nBackslash);
     sPath = sFullKey.substr(nBackslash + 1);
+}
+
+std::unique_ptr<RegistryKey> OpenKeyToRead(Hive hHive, const std::string& sPath)
+{
+    std::unique_ptr<RegistryKey> key;
+    if (platform().registry->openKey(hHive, sPath, kKeyReadAccess, key) != kRegistrySuccess)
+        key.reset();
+    return key;
 }
 
 void EnumKeyName(RegistryKey& key, std::size_t nIndex, std::string& sName, std::int32_t& nStatus)

@@ -2,10 +2,10 @@
 
 #include "base/text.h"
 #include "branding/companyIdentity.h"
+#include "catalogue/registryKeys.h"
 #include "platform/Files.h"
 #include "platform/Launcher.h"
 #include "platform/Platform.h"
-#include "platform/Registry.h"
 #include "platform/SpecialFolders.h"
 #include "platform/machineAccess.h"
 #include "support/reportValues.h"
@@ -36,14 +36,6 @@ constexpr const char* kNoProducts = "<tr><td>There are no products installed in 
 std::string below(const std::string& sKey, const std::string& sName)
 {
     return sKey + "\\" + sName;
-}
-
-std::unique_ptr<RegistryKey> openMachineKey(const std::string& sPath)
-{
-    std::unique_ptr<RegistryKey> key;
-    if (platform().registry->openKey(HKEY_LOCAL_MACHINE, sPath, kKeyReadAccess, key) != kRegistrySuccess)
-        key.reset();
-    return key;
 }
 
 /// The names of all sub-keys. One that can't be told is passed over; only the end ends the walk.
@@ -116,7 +108,7 @@ void ShowVersionReport(std::uintptr_t ownerWindow)
 
 std::string sGetFamilyRows(const std::string& sFamily)
 {
-    const std::unique_ptr<RegistryKey> familyKey = openMachineKey(kZorvoKey + sFamily);
+    const std::unique_ptr<RegistryKey> familyKey = OpenKeyToRead(HKEY_LOCAL_MACHINE, kZorvoKey + sFamily);
     if (!familyKey)
         return {};
     const std::string sCompany = GetCompanyID();
@@ -126,7 +118,7 @@ std::string sGetFamilyRows(const std::string& sFamily)
         const std::string sProductPath = below(sFamily, sProduct);
         const std::string sTitle = sGetHklmValue(sProductPath, "Title");
         // A product whose key can't be opened keeps the year of the one before it.
-        if (const auto productKey = openMachineKey(kZorvoKey + sProductPath))
+        if (const auto productKey = OpenKeyToRead(HKEY_LOCAL_MACHINE, kZorvoKey + sProductPath))
             sNewest = newestYear(*productKey);
         const std::string sAcronym =
             sGetRegValue(HKEY_LOCAL_MACHINE, kZorvoKey + sProductPath, "Zorvo_Company_Acronym", "");

@@ -35,14 +35,6 @@ struct ProductYear {
     std::string text() const { return sProduct + " " + sYear; }
 };
 
-std::unique_ptr<RegistryKey> openKey(Hive hive, const std::string& sPath)
-{
-    std::unique_ptr<RegistryKey> key;
-    if (platform().registry->openKey(hive, sPath, kKeyReadAccess, key) != kRegistrySuccess)
-        key.reset();
-    return key;
-}
-
 std::string below(const std::string& sKey, const std::string& sName)
 {
     return sKey + "\\" + sName;
@@ -51,7 +43,7 @@ std::string below(const std::string& sKey, const std::string& sName)
 std::vector<std::string> subKeys(Hive hive, const std::string& sPath)
 {
     std::vector<std::string> names;
-    const auto key = openKey(hive, sPath);
+    const auto key = OpenKeyToRead(hive, sPath);
     std::string sName;
     std::int32_t nStatus = key ? kRegistrySuccess : kRegistryFileNotFound;
     for (std::size_t n = 0; nStatus == kRegistrySuccess; ++n) {
@@ -69,7 +61,7 @@ std::set<std::string> yearsOf(Hive hive, const std::string& sProductPath)
     std::set<std::string> years;
     for (const std::string& sName : subKeys(hive, sProductPath)) {
         const bool bMark = sName == "CurrentVersion" || sName == "InstallDefaults";
-        if (bMark && openKey(HKEY_CURRENT_USER, sProductPath + "\\2002\\InstallDefaults"))
+        if (bMark && OpenKeyToRead(HKEY_CURRENT_USER, sProductPath + "\\2002\\InstallDefaults"))
             break;
         if (bMark || isNumeric(sName))
             years.insert(bMark ? "2002" : sName);
@@ -198,8 +190,9 @@ void ProductCheck::checkInstallation(const ProductYear& year)
 void ProductCheck::checkUnusablePath(const ProductYear& year)
 {
     const std::string sYear = year.sYear == "2002" ? "" : "\\" + year.sYear;
-    const auto key = openKey(year.sYear == "2002" ? HKEY_LOCAL_MACHINE : year.hive,
-                             kZorvoKey + year.sFamily + "\\" + year.sProduct + sYear + "\\InstallDefaults");
+    const auto key =
+        OpenKeyToRead(year.sYear == "2002" ? HKEY_LOCAL_MACHINE : year.hive,
+                      kZorvoKey + year.sFamily + "\\" + year.sProduct + sYear + "\\InstallDefaults");
     std::string sData;
     RegistryType type{};
     if (key && key->queryValue("AppPath2", kLargestRegistryValue, sData, type) == kRegistrySuccess)
