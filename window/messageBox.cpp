@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -82,8 +83,9 @@ void ownByActiveWindow(QMessageBox& box)
     box.windowHandle()->setTransientParent(front->windowHandle());
 }
 
-/// Wide enough for its title, which says of a failure where it happened.
-void makeRoomForTitle(const QMessageBox& box)
+/// Wide enough for its title, which says of a failure where it happened. The buttons of a long text stay on
+/// the screen: its lines beyond that aren't shown.
+void sizeText(const QMessageBox& box)
 {
     constexpr int kBesideTitle = 60; // what the frame has more than icon and margins
     constexpr int kMost = 640;
@@ -94,6 +96,9 @@ void makeRoomForTitle(const QMessageBox& box)
     bold.setBold(true);
     const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
     label->setMinimumWidth(std::min(title + kBesideTitle, kMost));
+    const int nLine = label->fontMetrics().lineSpacing();
+    const int nRoom = box.screen()->availableGeometry().height() * 2 / 3;
+    label->setMaximumHeight(std::max(nRoom / nLine, 1) * nLine);
 }
 
 int showStandardBox(const std::string& sPrompt, int nStyle, const std::string& sTitle)
@@ -106,8 +111,8 @@ int showStandardBox(const std::string& sPrompt, int nStyle, const std::string& s
     box.setIcon(iconOf(nStyle));
     box.setStandardButtons(buttonsOf(nStyle));
     box.setWindowModality(Qt::ApplicationModal);
-    makeRoomForTitle(box);
     ownByActiveWindow(box);
+    sizeText(box);
     return resultOf(box.exec());
 }
 

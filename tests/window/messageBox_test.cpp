@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "tests/window/WindowTest.h"
 #include "window/Form.h"
 #include "window/messageBox.h"
@@ -6,6 +7,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <gmock/gmock.h>
 
@@ -123,6 +125,21 @@ TEST(MessageBox, OutlivesTheWindowItStoodBefore)
                            press(box, QMessageBox::Yes);
                        }),
               kMsgResultYes);
+}
+
+TEST(MessageBox, ALongTextKeepsItsButtonsOnTheScreen)
+{
+    for (const std::string& sText :
+         {std::string(10'000, 'W'), replaceAll(std::string(300, 'n'), "n", "line\n")})
+        answered(sText, kMsgYesNo, [&](QMessageBox& box) {
+            const QRect room = box.screen()->availableGeometry();
+            EXPECT_LE(box.width(), room.width());
+            EXPECT_LE(box.height(), room.height());
+            const QPushButton& no = *qobject_cast<QPushButton*>(box.button(QMessageBox::No));
+            EXPECT_TRUE(box.rect().contains(no.geometry()));
+            EXPECT_EQ(box.text().toStdString(), sText);
+            press(box, QMessageBox::No);
+        });
 }
 
 TEST(MessageBox, GivesWayToAHandler)
