@@ -327,6 +327,16 @@ TEST_F(ProcessMultiDocsTest, TheSmallerCountOpensTheFirstDocumentUnderTheBatchsN
     EXPECT_EQ(creationState().objWordApp, nullptr);
 }
 
+TEST_F(ProcessMultiDocsTest, TheSmallerCountHandsTheProfileDataOn)
+{
+    office->provideAddIn("ZorvoTSR.ExcelConnect");
+    creationState().objWordApp = office->createWord(); // a workbook's connection is Word's
+    DocumentBatch batch = batchOf(budget());
+    batch.sProfileData = "profile";
+    ProcessFirstDoc(batch, window);
+    EXPECT_THAT(office->calls(), Contains(HasSubstr("StuffProperties <document> \"profile\"")));
+}
+
 TEST_F(ProcessMultiDocsTest, TheSmallerCountNeedsADocument)
 {
     EXPECT_THROW(ProcessFirstDoc(DocumentBatch(), window), RunTimeError);
@@ -374,6 +384,14 @@ TEST_F(ProcessMultiDocsTest, WithOneEntryInTheListItEndsAtTheDeletedDocument)
     EXPECT_THAT(messages.boxes, SizeIs(1));
     EXPECT_THAT(office->calls(), IsEmpty());
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
+}
+
+TEST_F(ProcessMultiDocsTest, OpeningSaysNothingOfAnApplicationThatWasMissingBefore)
+{
+    fakes.files->addFile("C:\\Out\\b.doc");
+    creationState().sMissingOffice = "There was no Excel.";
+    open({"b.doc"});
+    EXPECT_EQ(window.sNotice, "");
 }
 
 TEST_F(ProcessMultiDocsTest, OpeningWithoutTheApplicationSaysSo)

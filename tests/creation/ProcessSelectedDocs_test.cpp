@@ -5,6 +5,7 @@
 #include "creation/CreationForms.h"
 #include "creation/creationState.h"
 #include "tests/creation/CreationTest.h"
+#include "tests/fakes/RecordingLog.h"
 #include "tree/SelectionConsumer.h"
 #include "window/clsMousePointer.h"
 
@@ -109,6 +110,24 @@ TEST_F(ProcessSelectedDocsTest, OpensOneDocumentUnsavedUnderTheWaitBox)
     EXPECT_EQ(creationState().objWordApp, nullptr);
     EXPECT_EQ(office->applicationsAlive(), 0);
     EXPECT_EQ(goMousePointer().MousePointer(), 11);
+}
+
+TEST_F(ProcessSelectedDocsTest, OpensOneWorkbookUnsavedAndUnshared)
+{
+    process(element("C:\\T\\Budget.xlt"));
+    EXPECT_THAT(office->calls(), Contains("Excel.Workbooks.Add \"C:\\T\\BUDGET.XLT\""));
+    EXPECT_THAT(office->calls(), Contains("Excel.Visible = True"));
+    EXPECT_THAT(office->calls(), Not(Contains("Excel.EnableEvents = False")));
+    EXPECT_THAT(office->calls(), Not(Contains(testing::HasSubstr("SaveAs"))));
+}
+
+TEST_F(ProcessSelectedDocsTest, TheLogHasALineForTheOneDocumentsFailure)
+{
+    const RecordingLog log;
+    office->fail("Word.Documents.Add", kPathOrFileAccess);
+    process(element("C:\\T\\Letter.dot"));
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_THAT(log.lines[0], testing::StartsWith("TreeSupport.ProcessOneDoc Error 75 - "));
 }
 
 TEST_F(ProcessSelectedDocsTest, PassesTypeAndYearOfTheOneDocument)

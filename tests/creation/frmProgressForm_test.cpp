@@ -1,11 +1,13 @@
 #include "creation/forms/frmProgressForm.h"
 
 #include "branding/companyIdentity.h"
+#include "branding/xmlCaptionLoaderManager.h"
 #include "catalogue/basHTMLHelp.h"
 #include "creation/creationState.h"
 #include "creation/forms/QtCreationForms.h"
 #include "tests/creation/CreationTest.h"
 #include "tests/fakes/RecordingHelpViewer.h"
+#include "window/MainFormGate.h"
 #include "window/MnemonicLabel.h"
 #include "window/TreeView.h"
 #include "window/clsMousePointer.h"
@@ -21,6 +23,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 
 namespace zorvo {
@@ -189,6 +192,111 @@ TEST_F(frmProgressFormTest, NothingCanBePressedWhileItWorks)
     EXPECT_TRUE(bLooked);
 }
 
+TEST_F(frmProgressFormTest, LoadsItsPicturesAndItsCompanysWordingUnderABusyPointer)
+{
+    class Gate : public MainFormGate {
+    public:
+        bool isEnabled() override { return bEnabled_; }
+        void setEnabled(bool bEnabled) override
+        {
+            bEnabled_ = bEnabled;
+            bEnabled ? released() : locked();
+        }
+        std::function<void()> locked;
+        std::function<void()> released;
+
+    private:
+        bool bEnabled_ = true;
+    } gate;
+    fakes.files->addFile(
+        "C:\\Zorvo\\xmlCaptions.xml",
+        "<Captions><Rebrand><Find1>Documents</Find1><Replace1>Papers</Replace1></Rebrand></Captions>");
+    xmlCaptionLoader();
+    StoreCompanyID("ABC");
+    frmProgressForm loading;
+    const auto* images = &loading.findChild<TreeView*>(QStringLiteral("TGenFileList"))->nodes().images();
+    int nImagesWhenLocked = -1;
+    int nImagesWhenReleased = -1;
+    QString captionWhenReleased;
+    gate.locked = [&] { nImagesWhenLocked = images->count(); };
+    gate.released = [&] {
+        nImagesWhenReleased = images->count();
+        captionWhenReleased = loading.caption();
+    };
+    mainFormGate() = &gate;
+    loading.load();
+    mainFormGate() = nullptr;
+    EXPECT_EQ(nImagesWhenLocked, 0);
+    EXPECT_EQ(nImagesWhenReleased, 8);
+    EXPECT_EQ(captionWhenReleased, QStringLiteral("Papers - Finished"));
+    EXPECT_EQ(goMousePointer().MousePointer(), 0);
+    loading.unload();
+}
+
+TEST_F(frmProgressFormTest, ServesPendingEventsOnceTheBarHasGoneAndBeforeTheButtonsCome)
+{
+    setDocuments({"C:\\T\\Letter.dot", "C:\\T\\Gone.dot"});
+    bool bServed = false;
+    // The version's question, which serves events too, has been asked for the first document.
+    messages.whileBoxIsUp = [&] {
+        QTimer::singleShot(0, form, [&] {
+            bServed = true;
+            EXPECT_FALSE(control<QProgressBar>("ProgressBar1").isVisible());
+            EXPECT_FALSE(control<QGroupBox>("fraInstructions").isEnabled());
+            EXPECT_FALSE(button("cmdFinished").isVisible());
+            EXPECT_FALSE(list().isEnabled());
+        });
+    };
+    show([] {});
+    EXPECT_TRUE(bServed);
+}
+
+TEST_F(frmProgressFormTest, PaintsBarStatusAndListForEachDocumentThoughNoEventsAreServed)
+{
+    class Painted : public QObject {
+    public:
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint && note)
+                note(watched);
+            return false;
+        }
+        std::function<void(QObject*)> note;
+    } painted;
+    setDocuments({"C:\\T\\Letter.dot", "C:\\T\\Letter.dot", "C:\\T\\Budget.xlt"});
+    std::vector<int> bars;
+    std::vector<int> entries;
+    std::vector<std::string> texts;
+    beforeShow = [&] {
+        painted.note = [&](QObject* watched) {
+            if (watched == &control<QProgressBar>("ProgressBar1"))
+                bars.push_back(control<QProgressBar>("ProgressBar1").value());
+            else if (watched == list().viewport())
+                entries.push_back(list().nodes().count());
+            else
+                texts.push_back(status());
+        };
+        for (QWidget* each : std::initializer_list<QWidget*>{
+                 &control<QProgressBar>("ProgressBar1"), list().viewport(), &control<QLabel>("sbProgress")})
+            each->installEventFilter(&painted);
+    };
+    show([&] { painted.note = {}; });
+    for (const int nValue : {2, 3, 4})
+        EXPECT_THAT(bars, Contains(nValue));
+    for (const int nEntries : {1, 2, 3})
+        EXPECT_THAT(entries, Contains(nEntries));
+    EXPECT_THAT(texts, Contains(" Now saving Title...").Times(testing::Ge(3)));
+}
+
+TEST_F(frmProgressFormTest, KeepsTheNewestEntryInSight)
+{
+    setDocuments(std::vector<std::string>(60, "C:\\T\\Letter.dot"));
+    show([this] {
+        const QModelIndex last = list().model()->index(59, 0);
+        EXPECT_TRUE(list().viewport()->rect().contains(list().visualRect(last).center()));
+    });
+}
+
 TEST_F(frmProgressFormTest, ComingToTheFrontWhileItWorksStartsNoSecondBatch)
 {
     setDocuments({"C:\\T\\Gone.dot", "C:\\T\\Letter.dot"});
@@ -264,6 +372,20 @@ TEST_F(frmProgressFormTest, OpensTheSelectedEntries)
     });
     EXPECT_THAT(office->calls(), Contains("Word.Documents.Open \"C:\\Out\\LETTER.DOC\""));
     EXPECT_THAT(office->calls(), Contains("Excel.Workbooks.Open \"C:\\Out\\BUDGET.XLS\""));
+}
+
+TEST_F(frmProgressFormTest, OpensThemInTheOrderOfTheListHoweverTheyWereSelected)
+{
+    show([this] {
+        TreeNodes& nodes = list().nodes();
+        nodes.setSelected(nodes.item(2), true);
+        nodes.setSelected(nodes.item(1), true);
+        button("cmdOpen").click();
+    });
+    const auto calls = office->calls();
+    const auto word = std::find(calls.begin(), calls.end(), "Word.Documents.Open \"C:\\Out\\LETTER.DOC\"");
+    ASSERT_NE(word, calls.end());
+    EXPECT_NE(std::find(word, calls.end(), "Excel.Workbooks.Open \"C:\\Out\\BUDGET.XLS\""), calls.end());
 }
 
 TEST_F(frmProgressFormTest, ADoubleClickOpensTheEntry)

@@ -125,6 +125,12 @@ TEST_F(frmSaveFolderDialogTest, ShowsAStoredFolderNativelyAndOpensItInTheTree)
     });
 }
 
+TEST_F(frmSaveFolderDialogTest, OpensTheStoredFolderItself)
+{
+    fakes.settings->set("ZorvoBrendle", "Settings", "DocumentFolder", "Z:\\home\\user\\Documents");
+    show([this] { EXPECT_TRUE(tree().isExpanded(tree().currentIndex())); });
+}
+
 TEST_F(frmSaveFolderDialogTest, ShowsAStoredFolderThatNoLongerExistsAndOkRefusesIt)
 {
     fakes.settings->set("ZorvoBrendle", "Settings", "DocumentFolder", "Z:\\home\\user\\Gone\\Deep");
@@ -249,6 +255,34 @@ TEST_F(frmSaveFolderDialogTest, CreateFolderOnAnEmptyTextTellsWhatToDo)
     });
 }
 
+TEST_F(frmSaveFolderDialogTest, CreateFolderLooksAtTheWholeDiskAgain)
+{
+    show([this] {
+        const QModelIndex user = tree().currentIndex().parent();
+        const int nFolders = tree().model()->rowCount(user);
+        fakes.files->addFolder("Z:\\home\\user\\Elsewhere");
+        type("/home/user/Documents/New");
+        press("cmdCreate");
+        EXPECT_EQ(tree().model()->rowCount(tree().currentIndex().parent().parent()), nFolders + 1);
+    });
+}
+
+TEST_F(frmSaveFolderDialogTest, AClickWhileACreatedFolderIsBroughtInSightIsNotFollowed)
+{
+    show([this] {
+        type("/home/user/New");
+        bool bClicked = false;
+        QTimer::singleShot(0, form, [&] {
+            bClicked = true;
+            Q_EMIT tree().folderClicked("Z:\\home\\user\\Documents");
+        });
+        press("cmdCreate");
+        EXPECT_TRUE(bClicked);
+        EXPECT_EQ(text().text(), QStringLiteral("/home/user/New"));
+        EXPECT_EQ(status(), " The document folder has been created.");
+    });
+}
+
 TEST_F(frmSaveFolderDialogTest, TheTreeIsFollowedAgainAfterAFolderWasCreated)
 {
     show([this] {
@@ -268,6 +302,35 @@ TEST_F(frmSaveFolderDialogTest, CancelHidesAndRemembersTheTypedText)
     });
     EXPECT_FALSE(form->isOK());
     EXPECT_EQ(stored(), "Z:\\home\\user\\Documents\\Clients");
+}
+
+TEST_F(frmSaveFolderDialogTest, ClosingItIsACancelAndTheNextShowWorks)
+{
+    show([this] {
+        type("/home/user/Documents/Clients");
+        EXPECT_TRUE(form->close());
+    });
+    EXPECT_FALSE(form->isOK());
+    EXPECT_EQ(stored(), "Z:\\home\\user\\Documents\\Clients");
+    show([this] {
+        EXPECT_EQ(text().text(), QStringLiteral("/home/user/Documents/Clients"));
+        press("cmdOK");
+    });
+    EXPECT_TRUE(form->isOK());
+}
+
+TEST_F(frmSaveFolderDialogTest, EnterIsOkAndEscapeIsCancel)
+{
+    show([this] {
+        QTest::keyClick(&text(), Qt::Key_Return);
+        EXPECT_FALSE(form->isVisible());
+    });
+    EXPECT_TRUE(form->isOK());
+    show([this] {
+        QTest::keyClick(&text(), Qt::Key_Escape);
+        EXPECT_FALSE(form->isVisible());
+    });
+    EXPECT_FALSE(form->isOK());
 }
 
 TEST_F(frmSaveFolderDialogTest, UnloadingRemembersTheTypedText)
@@ -294,7 +357,7 @@ TEST_F(frmSaveFolderDialogTest, AnotherShowStartsAfresh)
     });
 }
 
-TEST_F(frmSaveFolderDialogTest, AVisitToAnotherWindowKeepsWhatWasTyped)
+TEST_F(frmSaveFolderDialogTest, AVisitToAnotherWindowStoresAndKeepsWhatWasTyped)
 {
     StoreCompanyID("ABC");
     show([this] {
@@ -303,6 +366,7 @@ TEST_F(frmSaveFolderDialogTest, AVisitToAnotherWindowKeepsWhatWasTyped)
         other.show();
         other.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        EXPECT_EQ(stored("ABCDocumentFolder"), "Z:\\home\\user\\typed");
         form->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form));
         EXPECT_EQ(text().text(), QStringLiteral("/home/user/typed"));
