@@ -129,6 +129,7 @@ TEST_F(ResultDocument, OfTheMasterKeepsWhatHoldsTheKeywordAndTheLastExample)
                             "paragraph behind leases", "table Rental income", "paragraph behind income",
                             "table Taxes", "paragraph end"));
     EXPECT_THAT(messages.boxes, IsEmpty());
+    EXPECT_THAT(officeChildren(), IsEmpty());
 }
 
 TEST_F(ResultDocument, OfAMissingMasterIsNothingAndStartsNoOffice)

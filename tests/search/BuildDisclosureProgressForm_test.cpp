@@ -68,6 +68,25 @@ TEST_F(BuildDisclosureProgressFormTest, PaintsEachPercentageAtOnce)
     EXPECT_NE(form()->grab().toImage(), first);
 }
 
+TEST_F(BuildDisclosureProgressFormTest, IsOnTheScreenWhenTheCallReturns)
+{
+    class Painted : public QObject {
+    public:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            nTimes += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int nTimes = 0;
+    } painted;
+    disclosureProgress()->showForm();
+    label("ProgressValue").installEventFilter(&painted);
+    for (int nPercent = 1; nPercent <= 3; ++nPercent) {
+        disclosureProgress()->setProgressValue(std::to_string(nPercent) + "% Completed");
+        EXPECT_GE(painted.nTimes, nPercent);
+    }
+}
+
 TEST_F(BuildDisclosureProgressFormTest, KeepsItsSizeWhileThePercentageGrows)
 {
     disclosureProgress()->showForm();

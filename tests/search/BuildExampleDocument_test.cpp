@@ -217,6 +217,21 @@ TEST_F(BuildExampleDocumentTest, AMissingTemplateIsToldInTheSameWay)
     EXPECT_EQ(office->applicationsAlive(), 0);
 }
 
+TEST_F(BuildExampleDocumentTest, WhatFailsWhileTheDocumentIsTakenAwayIsPassedOver)
+{
+    find({"Cash"});
+    fakes.files->remove("C:\\Gov\\2006\\Cash.rtf");
+    for (const char* step : {"Create Excel", "Excel.DisplayAlerts = False", "Word.ActiveWindow.Close",
+                             "Word.Quit", "Excel.DisplayAlerts = True"}) {
+        messages.boxes.clear();
+        office->fail(step, kOfficeDoesNotAnswer, 1);
+        BuildExampleDocument();
+        ASSERT_THAT(messages.boxes, SizeIs(1)) << step;
+        EXPECT_THAT(messages.boxes[0].sPrompt, HasSubstr("Unable to show examples.")) << step;
+        EXPECT_EQ(office->calls().back(), "Excel.DisplayAlerts = True") << step;
+    }
+}
+
 TEST_F(BuildExampleDocumentTest, AnyOtherFailureIsToldAndLeavesWordAsItStands)
 {
     find({"Cash", "Debt"});
@@ -227,6 +242,19 @@ TEST_F(BuildExampleDocumentTest, AnyOtherFailureIsToldAndLeavesWordAsItStands)
     EXPECT_EQ(messages.boxes[0].sPrompt, "Unable to create the example disclosure file.    ");
     EXPECT_EQ(messages.boxes[0].nStyle, kMsgInformation);
     EXPECT_EQ(messages.boxes[0].sTitle, "Zorvo's Brendle:  Zorvo's Sablewood Library");
+}
+
+TEST_F(BuildExampleDocumentTest, NoOtherNumberThanWordsOwnMeansAMissingExample)
+{
+    find({"Cash"});
+    for (const int nNumber : std::initializer_list<int>{kFileNotFound, kPathNotFound, kWordFileNotFound - 1,
+                                                        kWordFileNotFound + 1}) {
+        messages.boxes.clear();
+        office->fail("Word.Selection.InsertFile", nNumber, 1);
+        BuildExampleDocument();
+        ASSERT_THAT(messages.boxes, SizeIs(1)) << nNumber;
+        EXPECT_THAT(messages.boxes[0].sPrompt, HasSubstr("Unable to create")) << nNumber;
+    }
 }
 
 TEST_F(BuildExampleDocumentTest, AFailureAtAnyStepIsTold)

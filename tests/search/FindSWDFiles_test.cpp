@@ -8,6 +8,8 @@
 #include "window/clsMousePointer.h"
 #include "window/messageBox.h"
 
+#include <functional>
+
 namespace zorvo {
 namespace {
 
@@ -25,23 +27,51 @@ public:
     {
     }
 
-    std::string libraryText() override { return sLibrary; }
+    std::string libraryText() override
+    {
+        failIfAsked("library");
+        return sLibrary;
+    }
     std::string keywordText() override
     {
         ++nKeywordReads;
+        failIfAsked("keyword");
         return sKeyword;
     }
-    void refreshMessage() override { steps_.emplace_back("refresh"); }
+    void refreshMessage() override
+    {
+        failIfAsked("refresh");
+        steps_.emplace_back("refresh");
+    }
     void showProgress(std::size_t /*nDone*/, std::size_t /*nFiles*/) override { ++nProgress; }
-    void hideForms() override { steps_.emplace_back("hide"); }
-    void unloadForms() override { steps_.emplace_back("unload"); }
+    void hideForms() override
+    {
+        if (onHide)
+            onHide();
+        failIfAsked("hide");
+        steps_.emplace_back("hide");
+    }
+    void unloadForms() override
+    {
+        failIfAsked("unload");
+        steps_.emplace_back("unload");
+    }
 
+    std::function<void()> onHide;
+    /// What throws.
+    std::string sFailing;
     std::string sLibrary;
     std::string sKeyword;
     int nKeywordReads = 0;
     int nProgress = 0;
 
 private:
+    void failIfAsked(const std::string& sStep) const
+    {
+        if (sFailing == sStep)
+            throw RunTimeError(kInvalidCall);
+    }
+
     std::vector<std::string>& steps_;
 };
 
@@ -163,7 +193,9 @@ TEST_F(FindSWDFilesTest, WithoutTablesItStillSearchesAndFindsNothing)
 TEST_F(FindSWDFilesTest, NothingFoundIsToldAfterWordAndTheFormsHaveGone)
 {
     std::vector<std::string> stepsAtBox;
+    int nWordsAtHide = -1;
     int nWordsAtBox = -1;
+    forms().onHide = [&] { nWordsAtHide = office->applicationsAlive(); };
     messages.whileBoxIsUp = [&] {
         stepsAtBox = steps;
         nWordsAtBox = office->applicationsAlive();
@@ -174,6 +206,7 @@ TEST_F(FindSWDFilesTest, NothingFoundIsToldAfterWordAndTheFormsHaveGone)
     EXPECT_EQ(messages.boxes[0].nStyle, kMsgInformation);
     EXPECT_EQ(messages.boxes[0].sTitle, "Zorvo's Brendle");
     EXPECT_THAT(stepsAtBox, ElementsAre("refresh", "hide", "unload"));
+    EXPECT_EQ(nWordsAtHide, 0);
     EXPECT_EQ(nWordsAtBox, 0);
     EXPECT_THAT(office->calls(), ElementsAre("Create Word.Application", "Word.Version", "Word.Quit"));
     EXPECT_EQ(searchState().nSWDFoundCount, 0);
@@ -229,6 +262,15 @@ TEST_F(FindSWDFilesTest, YesEndsWordAndTheFormsAndThenBuildsTheDocument)
     EXPECT_THAT(office->calls(), ElementsAre("Create Word.Application", "Word.Version", "Word.Quit"));
     EXPECT_EQ(nWordsAtBuild, 0);
     EXPECT_EQ(searchState().sSWDFoundFiles, paths(3));
+}
+
+TEST_F(FindSWDFilesTest, AnEarlierSearchsPlaceAmongItsFilesIsForgotten)
+{
+    searchState().nSWDFileIndex = 7;
+    answerYes();
+    find(paths(3));
+    EXPECT_EQ(searchState().sSWDFoundFiles, paths(3));
+    EXPECT_EQ(searchState().nSWDFileIndex, 3);
 }
 
 TEST_F(FindSWDFilesTest, NoEndsWordAndNothingElseHappens)
@@ -307,6 +349,63 @@ TEST_F(FindSWDFilesTest, AFailureOnTheSecondRouteIsPassedOver)
     FindSWDFiles();
     EXPECT_THAT(messages.reports, IsEmpty());
     EXPECT_EQ(goMousePointer().MousePointer(), 0);
+}
+
+TEST_F(FindSWDFilesTest, FailuresAheadOfTheSearchArePassedOver)
+{
+    for (const char* step : {"refresh", "library", "keyword"}) {
+        forms().sFailing = step;
+        fileSearch->asked.clear();
+        fileSearch->answer = [this] {
+            forms().sFailing.clear();
+            return paths(0);
+        };
+        FindSWDFiles();
+        EXPECT_THAT(fileSearch->asked, SizeIs(1)) << step;
+        EXPECT_THAT(messages.reports, IsEmpty()) << step;
+    }
+}
+
+TEST_F(FindSWDFilesTest, FailuresOfTheFormsOnTheSecondRouteArePassedOver)
+{
+    office->setVersions("12.0", "12.0");
+    for (const char* step : {"keyword", "hide", "unload"}) {
+        forms().sFailing = step;
+        steps.clear();
+        FindSWDFiles();
+        ASSERT_THAT(steps, Not(IsEmpty())) << step;
+        EXPECT_TRUE(steps.back().starts_with("filter C:\\Gov")) << step;
+        EXPECT_THAT(messages.reports, IsEmpty()) << step;
+        EXPECT_EQ(goMousePointer().MousePointer(), 0) << step;
+    }
+}
+
+TEST_F(FindSWDFilesTest, AFailureOfTheFormsBehindTheSearchIsReported)
+{
+    for (const char* step : {"keyword", "hide", "unload"}) {
+        messages.reports.clear();
+        fileSearch->answer = [this, step] {
+            forms().sFailing = step;
+            return paths(1);
+        };
+        answerYes();
+        forms().sFailing.clear();
+        FindSWDFiles();
+        EXPECT_THAT(messages.tags(), ElementsAre("SWDSearchSupport.FindSWDFiles")) << step;
+        EXPECT_EQ(office->applicationsAlive(), 0) << step;
+        EXPECT_THAT(steps, Not(Contains("build"))) << step;
+    }
+}
+
+TEST_F(FindSWDFilesTest, ASystemThatCannotBeAskedTakesTheFirstRoute)
+{
+    class SilentMachine : public FakeMachine {
+    public:
+        double systemVersion() override { throw RunTimeError(kInvalidCall); }
+    };
+    platform().machine = std::make_shared<SilentMachine>();
+    find({});
+    EXPECT_THAT(fileSearch->asked, SizeIs(1));
 }
 
 TEST_F(FindSWDFilesTest, AVersionThatCannotBeReadIsPassedOver)

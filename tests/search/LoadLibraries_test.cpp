@@ -133,6 +133,22 @@ TEST_F(LoadLibrariesTest, ListsTwoInstalledEditionsWithBlankAndYearInIndexOrder)
     EXPECT_THAT(searchState().bSWDInstalled, ElementsAre(true, false, true, false));
 }
 
+TEST_F(LoadLibrariesTest, TheCountIsOfThisLoadAlone)
+{
+    nCount = 7;
+    provide("A 2007");
+    load(threeEditions());
+    EXPECT_EQ(nCount, 1);
+}
+
+TEST_F(LoadLibrariesTest, NothingInstalledLeavesFoundAsItWas)
+{
+    bFound = true;
+    load(threeEditions());
+    EXPECT_TRUE(bFound);
+    EXPECT_EQ(nCount, 0);
+}
+
 TEST_F(LoadLibrariesTest, WritesIntoTheListFromItsFirstEntryOn)
 {
     provide("B 2007");
@@ -182,6 +198,22 @@ TEST_F(LoadLibrariesTest, TakesTheLastOfSeveralKnownVersions)
 TEST_F(LoadLibrariesTest, ComparesKnownProductsToTheLetter)
 {
     know("11.0.2", "a");
+    load(indexText(productText("One", "A")), 2002);
+    EXPECT_THAT(asked, ElementsAre("Quillbook A 2002"));
+}
+
+TEST_F(LoadLibrariesTest, KnowsEachOfTheFirstThreeEditions)
+{
+    know("11.0.1", "A");
+    know("11.0.2", "B");
+    know("11.0.3", "C");
+    load(threeEditions());
+    EXPECT_THAT(asked, ElementsAre("Quillbook A 11.0.1", "Quillbook B 11.0.2", "Quillbook C 11.0.3"));
+}
+
+TEST_F(LoadLibrariesTest, CountsTheCharactersOfAKnownVersionNotItsBytes)
+{
+    know("200\xC3\xA9", "A");
     load(indexText(productText("One", "A")), 2002);
     EXPECT_THAT(asked, ElementsAre("Quillbook A 2002"));
 }
@@ -236,6 +268,21 @@ TEST_F(LoadLibrariesTest, AnEmptyIndexFailsAtTheGroup)
     EXPECT_EQ(numberOfFailure([&] { load(""); }), kObjectNotSet);
 }
 
+TEST_F(LoadLibrariesTest, AnIndexWithoutAGroupFails)
+{
+    EXPECT_EQ(
+        numberOfFailure([&] { load("<SWDInformation>" + productText("One", "A") + "</SWDInformation>"); }),
+        kObjectNotSet);
+    EXPECT_THAT(asked, IsEmpty());
+}
+
+TEST_F(LoadLibrariesTest, AMalformedIndexIsAsNone)
+{
+    EXPECT_EQ(
+        numberOfFailure([&] { load("<SWDInformation group=\"Quillbook\">" + productText("One", "A")); }),
+        kObjectNotSet);
+}
+
 TEST_F(LoadLibrariesTest, AnEditionWithoutAPartFails)
 {
     EXPECT_EQ(numberOfFailure([&] { load(indexText("<Product><name>One</name></Product>")); }),
@@ -246,6 +293,7 @@ TEST_F(LoadLibrariesTest, Excel8IsToldWithItsVersionAndTheListStaysEmpty)
 {
     installEdition("SablewoodLibrary", "2024", "C:\\Lib");
     office->setVersions("11.0", "8.0");
+    nCount = 3;
     LoadLibraries(list, nCount, bFound, false);
     ASSERT_THAT(messages.boxes, SizeIs(1));
     EXPECT_EQ(messages.boxes[0].sPrompt,
@@ -262,6 +310,8 @@ TEST_F(LoadLibrariesTest, Excel9IsEnough)
     office->setVersions("11.0", "9.0");
     EXPECT_TRUE(bExcelIsRecentEnough());
     EXPECT_THAT(messages.boxes, IsEmpty());
+    office->setVersions("11.0", "8.9");
+    EXPECT_FALSE(bExcelIsRecentEnough());
 }
 
 TEST_F(LoadLibrariesTest, ReleasesExcelWithoutEndingIt)

@@ -161,6 +161,35 @@ TEST_F(SearchSwdLibTest, ComesInFrontFor250MillisecondsThenTheKeywordHasTheFocus
     });
 }
 
+TEST_F(SearchSwdLibTest, StandsAboveAllOtherWindowsWhileItComesInFront)
+{
+    class WatchingMachine : public FakeMachine {
+    public:
+        void sleep(int milliseconds) override
+        {
+            FakeMachine::sleep(milliseconds);
+            bOnTop = searchSwdLib().ifLoaded()->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+        }
+        bool bOnTop = false;
+    };
+    const auto machine = std::make_shared<WatchingMachine>();
+    platform().machine = machine;
+    show([&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !machine->sleeps.empty(); }));
+        EXPECT_TRUE(machine->bOnTop);
+        EXPECT_FALSE(searchSwdLib().ifLoaded()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    });
+}
+
+TEST_F(SearchSwdLibTest, AKeywordOfTenThousandCharactersIsSearchedForWhole)
+{
+    const std::string sLong(10'000, 'x');
+    std::string sSearched;
+    whileSearching = [&] { sSearched = searchSwdLib().ifLoaded()->keywordText(); };
+    search(sLong);
+    EXPECT_EQ(sSearched, sLong);
+}
+
 TEST_F(SearchSwdLibTest, AnErrorWhileComingInFrontIsSuppressed)
 {
     class FailingMachine : public FakeMachine {
