@@ -83,6 +83,18 @@ std::optional<std::string> utf8FromUtf16(std::string_view bytes, ByteOrder order
     return text;
 }
 
+std::string readableFromUtf16(std::string_view bytes, ByteOrder order)
+{
+    constexpr char32_t kNoCharacter = 0xFFFD;
+    std::string text;
+    text.reserve(bytes.size() / 2);
+    for (std::size_t at = 0; at + 1 < bytes.size();) {
+        const char32_t character = nextUtf16(bytes, at, order);
+        appendUtf8(text, U_IS_SURROGATE(character) ? kNoCharacter : character);
+    }
+    return text;
+}
+
 std::string utf16FromStoredText(std::string_view text)
 {
     std::string bytes;

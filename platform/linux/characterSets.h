@@ -11,6 +11,8 @@ enum class ByteOrder { littleEndian, bigEndian };
 
 /// Strict: nothing for an odd number of bytes or a half of a surrogate pair.
 std::optional<std::string> utf8FromUtf16(std::string_view bytes, ByteOrder order);
+/// What can be read of it: a half of a surrogate pair becomes U+FFFD, an odd byte at the end goes.
+std::string readableFromUtf16(std::string_view bytes, ByteOrder order);
 
 /// What stores keep is not always text. These two, little endian, lose nothing: a byte that is not UTF-8
 /// travels as the lone half U+DC00 + byte and comes back as that byte. Nothing for an odd number of bytes.

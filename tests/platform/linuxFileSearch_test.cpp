@@ -161,6 +161,33 @@ TEST_F(LinuxFileSearchTest, ACharacterAtTheEdgeOfAPieceStaysWhole)
     EXPECT_THAT(find("caf\u00E9 end", "*.txt"), SizeIs(4));
 }
 
+TEST_F(LinuxFileSearchTest, APairOfUtf16AtTheEdgeOfAPieceStaysWhole)
+{
+    constexpr std::size_t kUnitsOfPiece = (256U << 10U) / 2;
+    for (const std::size_t nBefore : {kUnitsOfPiece - 3, kUnitsOfPiece - 2, kUnitsOfPiece - 1}) {
+        std::u16string text = u"\uFEFFbond" + std::u16string(nBefore - 5, u' ') + u"\U00010400cash";
+        std::string little;
+        std::string big;
+        for (const char16_t unit : text) {
+            const auto low = static_cast<char>(unit & 0xFFU);
+            const auto high = static_cast<char>(unit >> 8U);
+            little.append({low, high});
+            big.append({high, low});
+        }
+        add("little" + std::to_string(nBefore) + ".txt", little);
+        add("big" + std::to_string(nBefore) + ".txt", big);
+    }
+    EXPECT_THAT(find("bond \U00010400cash", "*.txt"), SizeIs(6));
+}
+
+TEST_F(LinuxFileSearchTest, ABrokenPairOfUtf16LosesNoOtherWord)
+{
+    add("broken.txt", std::string("\xFF\xFE"
+                                  "c\0a\0s\0h\0 \0\x00\xD8 \0d\0u\0e\0\x01",
+                                  23));
+    EXPECT_THAT(find("cash due", "*.txt"), ElementsAre("broken.txt"));
+}
+
 TEST_F(LinuxFileSearchTest, GoesByTheContentNotByTheName)
 {
     add("a.rtf", "cash in plain text");

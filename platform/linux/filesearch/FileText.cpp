@@ -38,6 +38,16 @@ std::size_t unfinishedUtf8(std::string_view bytes)
     return 0;
 }
 
+/// The same of UTF-16, where the high byte of the last unit stands that far from its end.
+std::size_t unfinishedUtf16(std::string_view bytes, std::size_t nHighFromEnd)
+{
+    const std::size_t nOdd = bytes.size() % 2;
+    const std::size_t nWhole = bytes.size() - nOdd;
+    const bool bHalfOfPair =
+        nWhole > 0 && (static_cast<unsigned char>(bytes[nWhole - nHighFromEnd]) & 0xFCU) == 0xD8U;
+    return bHalfOfPair ? nOdd + 2 : nOdd;
+}
+
 PlainSet plainSetOf(std::string_view first, bool bWholeFile)
 {
     const std::size_t nUnfinished = bWholeFile ? 0 : unfinishedUtf8(first);
@@ -55,8 +65,9 @@ std::size_t unfinished(std::string_view bytes, PlainSet set)
     case PlainSet::utf8:
         return unfinishedUtf8(bytes);
     case PlainSet::utf16Little:
+        return unfinishedUtf16(bytes, 1);
     case PlainSet::utf16Big:
-        return bytes.size() % 2;
+        return unfinishedUtf16(bytes, 2);
     case PlainSet::western:
         break;
     }
@@ -69,9 +80,9 @@ std::string utf8Of(std::string_view bytes, PlainSet set)
     case PlainSet::western:
         return utf8FromWindows1252(bytes);
     case PlainSet::utf16Little:
-        return utf8FromUtf16(bytes, ByteOrder::littleEndian).value_or("");
+        return readableFromUtf16(bytes, ByteOrder::littleEndian);
     case PlainSet::utf16Big:
-        return utf8FromUtf16(bytes, ByteOrder::bigEndian).value_or("");
+        return readableFromUtf16(bytes, ByteOrder::bigEndian);
     case PlainSet::utf8:
         break;
     }
