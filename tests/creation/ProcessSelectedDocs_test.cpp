@@ -247,6 +247,25 @@ TEST_F(ProcessSelectedDocsTest, AnEmptyProfileEndsTheCreationWithoutAWord)
     EXPECT_THAT(messages.boxes, IsEmpty());
 }
 
+TEST_F(ProcessSelectedDocsTest, AnAddInWhoseFormFailsIsReportedAndEndsTheCreation)
+{
+    provideProfile("profile").answer("TreeSelectProfileDataForm", [](std::vector<Value>&) -> Value {
+        throw RunTimeError(kPathOrFileAccess);
+    });
+    processTwo();
+    EXPECT_THAT(forms.batches, IsEmpty());
+    EXPECT_THAT(messages.tags(), ElementsAre("TreeSupport.ProcessSelectedDocs"));
+    EXPECT_EQ(fakes.settings->value("DocumentFolder"), "C:\\Out");
+}
+
+TEST_F(ProcessSelectedDocsTest, AProfileThatIsNoTextEndsTheCreationWithoutAWord)
+{
+    provideProfile("").answer("TreeSelectProfileDataForm",
+                              [](std::vector<Value>&) { return Value(std::int32_t{1}); });
+    processTwo();
+    EXPECT_THAT(forms.batches, IsEmpty());
+}
+
 TEST_F(ProcessSelectedDocsTest, AnAddInThatGivesNoObjectEndsTheCreationWithoutAWord)
 {
     objects->provide("ZorvoTSR.Connect", [] { return nullptr; });
