@@ -42,6 +42,8 @@ TEST(ProfileForm, BeginsWithTheProfileThatWasUsedLast)
     EXPECT_EQ(control<QLabel>(form, "lblFolderPath").text(), QStringLiteral("/home/user/out"));
     EXPECT_TRUE(control<QPushButton>(form, "cmdOK").isEnabled());
     EXPECT_TRUE(control<QPushButton>(form, "cmdOK").isDefault());
+    EXPECT_EQ(form.focusWidget(), &control<QLineEdit>(form, "txtClientName"));
+    EXPECT_EQ(control<QLineEdit>(form, "txtClientName").selectedText(), QStringLiteral("Alder Ltd."));
 }
 
 TEST(ProfileForm, ShowsALongFolderWhole)
@@ -148,6 +150,8 @@ TEST_F(AskProfile, OkGivesTheDataAndTheFolderReadyForAName)
     });
     EXPECT_EQ(answer.sProfile, "ClientName=Alder\n");
     EXPECT_EQ(answer.sFolder, "C:\\Out\\");
+    EXPECT_EQ(answer.nTop, 150);
+    EXPECT_EQ(answer.nLeft, 300);
     EXPECT_THAT(storedProfiles(*fakes.settings), testing::ElementsAre(ProfileData{{kClientName, "Alder"}}));
 }
 

@@ -28,8 +28,8 @@ TEST(ProfileText, ComesBackAsItWent)
 
 TEST(ProfileText, HoldsNoFieldWithoutAValueAndNoBreakInsideOne)
 {
-    EXPECT_EQ(profileText({{kClientName, " a\nb "}, {kPeriodEnd, ""}, {kPreparedBy, "  "}}),
-              "ClientName=a b\n");
+    EXPECT_EQ(profileText({{kClientName, " a\r\nb "}, {kPeriodEnd, ""}, {kPreparedBy, "  "}}),
+              "ClientName=a  b\n");
 }
 
 TEST(ProfileText, PassesOverWhatIsNoField)
@@ -94,6 +94,8 @@ TEST(ProfileStore, ForgetsTheOldest)
     ASSERT_THAT(stored, SizeIs(kMostProfiles));
     EXPECT_EQ(stored.front(), client(std::to_string(kMostProfiles)));
     EXPECT_EQ(stored.back(), client("1"));
+    EXPECT_EQ(settings.get("ZorvoTSR", "Profiles", "Profile" + std::to_string(kMostProfiles + 1)),
+              std::nullopt);
 }
 
 TEST(ProfileStore, WritesOnlyWhatHasChanged)

@@ -146,6 +146,25 @@ TEST_F(WholeSearchTest, TheWaitNoticeIsPaintedWhileFilesAreRead)
     EXPECT_THAT(messages.boxes, SizeIs(1));
 }
 
+TEST_F(WholeSearchTest, ARefreshPaintsTheWaitNoticeThoughNoEventsAreServed)
+{
+    class Painted : public QObject {
+    public:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            bYes = bYes || event->type() == QEvent::Paint;
+            return false;
+        }
+        bool bYes = false;
+    } painted;
+    SWDSearchMessage& notice = swdSearchMessage().get();
+    notice.showModeless();
+    QCoreApplication::processEvents();
+    notice.installEventFilter(&painted);
+    searchForms()->refreshMessage();
+    EXPECT_TRUE(painted.bYes);
+}
+
 TEST_F(WholeSearchTest, TimersAreServedDuringTheSearch)
 {
     int nServed = 0;
