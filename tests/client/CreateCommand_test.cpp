@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "client/CreateOptions.h"
 #include "client/givenPath.h"
+#include "creation/creationState.h"
 #include "tests/client/CreateTest.h"
 
 #include <QJsonArray>
@@ -241,6 +242,8 @@ TEST_F(CreateCommandTest, TellsTheOfficeToReplaceNoFiles)
     });
     createInOut({"AUDT/2007/Engagement Letter"});
     EXPECT_TRUE(bNever);
+    EXPECT_FALSE(office->neverReplacesFiles());
+    EXPECT_FALSE(creationState().bReplaceNothing);
 }
 
 TEST_F(CreateCommandTest, FailsATemplateWhosePathGivesNoName)
@@ -331,6 +334,17 @@ TEST_F(CreateCommandTest, TellsHowManyDocumentsAreWithoutTheProfile)
     ASSERT_EQ(documents.size(), 2);
     EXPECT_EQ(documents[0].toObject()[QStringLiteral("profile")], QJsonValue(true));
     EXPECT_EQ(documents[1].toObject()[QStringLiteral("profile")], QJsonValue(false));
+}
+
+TEST_F(CreateCommandTest, CountsNoFailedDocumentAsOneWithoutTheProfile)
+{
+    office->provideAddIn("ZorvoTSR.Connect");
+    office->fail("Excel.ActiveWorkbook.SaveAs", kDiskFull);
+    files->addFile("C:\\profile.txt", "ClientName=A");
+    const Run run =
+        createInOut({"--profile=C:\\profile.txt", "AUDT/2007/Engagement Letter", "AUDT/2007/Time Budget"});
+    EXPECT_EQ(run.nExit, 1);
+    EXPECT_EQ(run.err, "2 documents: 1 created, 1 failed\n");
 }
 
 TEST_F(CreateCommandTest, FailsAtAProfileThatCannotBeReadAndMakesNothing)
