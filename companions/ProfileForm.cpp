@@ -178,12 +178,12 @@ void ProfileForm::moveToTwips(int nTop, int nLeft)
 
 int ProfileForm::topInTwips() const
 {
-    return toTwips(geometry().top());
+    return toTwips(y());
 }
 
 int ProfileForm::leftInTwips() const
 {
-    return toTwips(geometry().left());
+    return toTwips(x());
 }
 
 } // namespace zorvo

@@ -24,7 +24,7 @@ public:
     /// What stands in the fields; a profile without a client's name can't be confirmed.
     ProfileData profile() const;
 
-    /// Moves to this place of the client area, in twips, as far as the screen has room there.
+    /// Moves to this place, in twips and frame included, as far as the screen has room there.
     void moveToTwips(int nTop, int nLeft);
     int topInTwips() const;
     int leftInTwips() const;
