@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kEveryMs = 25;
 constexpr int kPatienceMs = 30000;
+constexpr int kFrameMs = 2000;
 
 bool isWanted(const QWidget& window, const Sight& sight)
 {
@@ -74,6 +75,10 @@ void Photographer::look()
         nStillMs_ = 0;
         return;
     }
+    // The window manager's frame may come a moment after the window.
+    const bool bFrame = window && !window->windowFlags().testFlag(Qt::FramelessWindowHint);
+    if (bFrame && window->frameGeometry() == window->geometry() && nWaitedMs_ < kFrameMs)
+        return;
     if (!window || (sights_.front().isReady && !sights_.front().isReady(*window)))
         return;
     nStillMs_ += kEveryMs;
