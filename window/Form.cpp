@@ -26,6 +26,20 @@ constexpr int kFocusMoveMs = 250;
 
 int nLoadedForms = 0;
 
+/// What the last modal form stood above. Until the desktop has given the focus back no window is active; a
+/// modal form that follows at once belongs to the same one.
+QPointer<QWidget>& ownerJustLeft()
+{
+    static QPointer<QWidget> owner;
+    return owner;
+}
+
+QWidget* windowInFront()
+{
+    QWidget* active = QApplication::activeWindow();
+    return active && active->isVisible() ? active : ownerJustLeft().data();
+}
+
 std::function<void()>& unloadListener()
 {
     static std::function<void()> listener;
@@ -139,6 +153,7 @@ void Form::showModal()
 void Form::runModalLoop()
 {
     const QPointer<Form> self = this;
+    const QPointer<QWidget> front = windowInFront();
     ModalShow modal;
     modal_ = &modal;
     becomeModalWindow();
@@ -150,6 +165,8 @@ void Form::runModalLoop()
         modal_ = nullptr;
         setWindowModality(Qt::NonModal);
     }
+    ownerJustLeft() = front;
+    QTimer::singleShot(0, qApp, [] { ownerJustLeft() = nullptr; });
     if (modal.failure)
         std::rethrow_exception(modal.failure);
 }
@@ -176,8 +193,8 @@ void Form::becomeModalWindow()
     // Only a dialog stays above the window that it belongs to.
     if (windowType() == Qt::Window)
         setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
-    const QWidget* front = QApplication::activeWindow();
-    if (front && front != this)
+    const QWidget* front = windowInFront();
+    if (front && front != this && front->isVisible())
         setOwnerWindow(*this, *front);
 }
 

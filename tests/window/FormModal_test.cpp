@@ -189,6 +189,27 @@ TEST(FormModal, StandsAboveTheFormInFront)
     main.unload();
 }
 
+TEST(FormModal, OneThatFollowsAtOnceStandsAboveTheSameForm)
+{
+    SampleForm main("frmMain");
+    main.showModeless();
+    ASSERT_TRUE(waitUntil([&] { return main.isActiveWindow(); }));
+    SampleForm first("frmFirst");
+    whenActive(first, [&] { first.hide(); });
+    first.showModal();
+    for (int i = 0; i < 2; ++i) {
+        SampleForm next("frmNext");
+        whenActive(next, [&] {
+            EXPECT_EQ(next.windowHandle()->transientParent(), main.windowHandle());
+            next.hide();
+        });
+        next.showModal();
+        next.unload();
+    }
+    first.unload();
+    main.unload();
+}
+
 TEST(FormModal, TimersRunInItsLoop)
 {
     SampleForm form;
