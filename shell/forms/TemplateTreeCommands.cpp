@@ -156,7 +156,7 @@ void TemplateTree::ExpandCollapse(bool bExpand)
 
 void TemplateTree::SearchTree()
 {
-    searchTreeWithForms(tree());
+    searchTreeWithForms(*TreeView1_);
 }
 
 void TemplateTree::ZorvoBrendleOptionsDialog()

@@ -3,32 +3,32 @@
 #include "shell/forms/frmNoMoreSearch.h"
 #include "shell/forms/frmTreeSearch.h"
 #include "shell/treeSearch.h"
+#include "window/TreeView.h"
 #include "window/spacing.h"
-
-#include <QApplication>
 
 namespace zorvo {
 
 namespace {
 
-/// In the lower right corner of the main window, where it hides no match.
-void standAside(Form& form)
+/// A desktop's title bar is no higher.
+constexpr int kTitleBar = 2 * kFormMargin;
+
+QRect onScreen(const QWidget& widget, const QRect& area)
 {
-    const QWidget* front = QApplication::activeWindow();
-    if (!front)
-        return;
-    form.load();
-    form.adjustSize();
-    const QRect area = front->geometry();
-    form.move(area.right() - form.width() - kFormMargin, area.bottom() - form.height() - 4 * kFormMargin);
+    return {widget.mapToGlobal(area.topLeft()), area.size()};
 }
 
 class SearchDialog : public TreeSearchDialog {
 public:
+    explicit SearchDialog(const TreeView& tree)
+        : tree_(tree)
+    {
+    }
     ~SearchDialog() override { form_.unload(); }
     bool ask() override
     {
-        standAside(form_);
+        form_.load();
+        standAside();
         form_.showModal();
         return form_.bFindNext;
     }
@@ -36,12 +36,42 @@ public:
     void setText(const std::string& sText) override { form_.setText(sText); }
 
 private:
+    /// In a right corner of the main window, the lower one unless the match is there. Where the user has put
+    /// it, it stays as long as it hides no match.
+    void standAside()
+    {
+        if (bPlaced_ && !hidesMatch(form_.geometry()))
+            return;
+        form_.adjustSize();
+        const QRect area = tree_.window()->geometry();
+        QRect place(QPoint(), form_.size());
+        place.moveBottomRight(area.bottomRight() - QPoint(kFormMargin, kFormMargin + kTitleBar));
+        if (hidesMatch(place))
+            place.moveTop(area.top() + kTitleBar);
+        form_.move(place.topLeft());
+        bPlaced_ = true;
+    }
+    bool hidesMatch(const QRect& place) const
+    {
+        const QRect match = onScreen(*tree_.viewport(), tree_.visualRect(tree_.currentIndex()));
+        return place.adjusted(0, -kTitleBar, 0, kTitleBar).intersects(match);
+    }
+
+    const TreeView& tree_;
     frmTreeSearch form_;
+    bool bPlaced_ = false;
 };
 
 class SearchForms : public TreeSearchForms {
 public:
-    std::unique_ptr<TreeSearchDialog> newSearchDialog() override { return std::make_unique<SearchDialog>(); }
+    explicit SearchForms(const TreeView& tree)
+        : tree_(tree)
+    {
+    }
+    std::unique_ptr<TreeSearchDialog> newSearchDialog() override
+    {
+        return std::make_unique<SearchDialog>(tree_);
+    }
     bool askToContinue() override
     {
         frmNoMoreSearch form;
@@ -50,14 +80,17 @@ public:
         form.unload();
         return bContinue;
     }
+
+private:
+    const TreeView& tree_;
 };
 
 } // namespace
 
-void searchTreeWithForms(TreeNodes& tree)
+void searchTreeWithForms(TreeView& tree)
 {
-    SearchForms forms;
-    zorvo::SearchTree(tree, forms);
+    SearchForms forms(tree);
+    SearchTree(tree.nodes(), forms);
 }
 
 } // namespace zorvo

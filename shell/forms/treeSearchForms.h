@@ -2,9 +2,9 @@
 
 namespace zorvo {
 
-class TreeNodes;
+class TreeView;
 
-/// Searches the tree by name with the program's own dialogs.
-void searchTreeWithForms(TreeNodes& tree);
+/// Searches the tree by name with the program's own dialogs, which leave each match in sight.
+void searchTreeWithForms(TreeView& tree);
 
 } // namespace zorvo

@@ -36,6 +36,10 @@ def selected(tree):
     return texts
 
 
+def overlap(one, other):
+    return all(one[i] < other[i] + other[i + 2] and other[i] < one[i] + one[i + 2] for i in (0, 1))
+
+
 class MainWindow(ProgramTest):
     def store_place(self, left, top, width, height, state=0):
         for key, value in (("State", state), ("Left", left), ("Top", top), ("Width", width), ("Height", height)):
@@ -93,6 +97,46 @@ class MainWindow(ProgramTest):
         self.store_place(1500, 1200, 13500, 9000, state=1)
         window = self.show()
         wait_for("its place", lambda: session.place(window) == (100, 80, 900, 600))
+
+    def test_a_window_closed_while_minimised_keeps_its_stored_place(self):
+        self.store_place(1500, 1200, 13500, 9000)
+        window = self.show()
+        session.move(140, 110, 940, 640)
+        wait_for("the new place", lambda: session.place(window)[2:] == (940, 640))
+        session.minimise()
+        client = session.start_brendle("engagements")
+        press(control(session.window("frmEngagementList"), "cmdCancel"))
+        error = client.communicate(timeout=15)[1]
+        self.assertEqual(client.returncode, 0, error)
+        session.wait_for_end()
+        self.assertEqual(self.stored_place(), [1500, 1200, 13500, 9000])
+        self.assertEqual(session.setting("MainState"), "1")
+
+    def test_the_search_dialog_hides_no_match_and_stays_above_the_window(self):
+        self.store_place(600, 600, 12000, 9000)
+        window = self.show()
+        press(control(window, "ID_SEARCHTREE"))
+        session.active_window("frmTreeSearch")
+        session.type("e")
+        before = None
+        for _ in range(18):  # the lower rows too, at which it goes to the upper corner
+            session.key("Return")
+            match = wait_for("the next match", lambda: self.match_beside(window, before))
+            before = match.get_name()
+            dialog = session.active_window("frmTreeSearch")
+            wait_for("the dialog to stand beside " + before,
+                     lambda: not overlap(session.place(match), session.place(dialog)))
+            wait_for("the dialog above its window", lambda: session.owner_window() == "Zorvo's Brendle")
+
+    def match_beside(self, window, before):
+        tree = control(window, "TreeView1")
+        tree.clear_cache()
+        for i in range(tree.get_child_count()):
+            child = tree.get_child_at_index(i)
+            child.clear_cache()
+            if child.get_state_set().contains(Atspi.StateType.SELECTED):
+                return child if child.get_name() != before else None
+        return None
 
     def test_the_tree_is_searched_by_keyboard(self):
         window = self.show()

@@ -3,6 +3,7 @@ bus that knows the programs of a build tree, and the accessibility bus to read a
 
 import atexit
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -218,6 +219,21 @@ class Session:
                                 check=True).stdout.strip()
         subprocess.run(["xdotool", "windowsize", "--sync", window, str(width), str(height)], env=self.env, check=True)
         subprocess.run(["xdotool", "windowmove", window, str(left), str(top)], env=self.env, check=True)
+
+    def minimise(self):
+        """The active window, by its window manager."""
+        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
+                                check=True).stdout.strip()
+        subprocess.run(["xdotool", "windowminimize", "--sync", window], env=self.env, check=True)
+
+    def owner_window(self):
+        """Title of the window that the active one stands above, or None."""
+        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
+                                check=True).stdout.strip()
+        owner = re.search(r"0x[0-9a-f]+", subprocess.run(["xprop", "-id", window, "WM_TRANSIENT_FOR"], env=self.env,
+                                                         capture_output=True, text=True).stdout)
+        return owner and subprocess.run(["xdotool", "getwindowname", str(int(owner[0], 16))], env=self.env,
+                                        capture_output=True, text=True).stdout.strip()
 
     def key(self, *keys):
         for key in keys:

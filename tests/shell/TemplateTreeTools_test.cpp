@@ -202,6 +202,39 @@ TEST_F(TemplateTreeTools, ATreeThatWasFilledAnewHasNothingToMakeOrToRead)
     EXPECT_TRUE(child<MnemonicLabel>(form(), "lblDesc")->text().isEmpty());
 }
 
+TEST_F(TemplateTreeTools, TheDialogOfTheTreeSearchHidesNoMatch)
+{
+    store("MainState", "0");
+    store("MainWidth", "9600");
+    store("MainHeight", "6300");
+    shownForm();
+    auto& view = *form().findChild<TreeView*>();
+    for (int i = 0; i < 30; ++i) // down to the lower edge and beyond
+        form().tree().add("p7", "more" + std::to_string(i), "One more document", -1, 3);
+    std::vector<bool> standsLow;
+    const std::function<void(QWidget&)> look = [&](QWidget& dialog) {
+        const QRect row = view.visualRect(view.currentIndex());
+        const QRect match(view.viewport()->mapToGlobal(row.topLeft()), row.size());
+        EXPECT_TRUE(view.viewport()->rect().contains(row.center()));
+        EXPECT_FALSE(dialog.frameGeometry().intersects(match)) << match.top();
+        standsLow.push_back(dialog.geometry().center().y() > form().geometry().center().y());
+        if (form().tree().selectedNode() == &form().tree().item(form().tree().count()))
+            whenModal("frmNoMoreSearch", [](QWidget& end) { click(end, "Command2"); });
+        else
+            whenModal("frmTreeSearch", look);
+        click(dialog, "cmdFind");
+    };
+    whenModal("frmTreeSearch", [&](QWidget& first) {
+        whenModal("frmTreeSearch", look);
+        click(first, "cmdFind"); // an empty text: every node in its turn
+    });
+    clickTool("ID_SEARCHTREE");
+    EXPECT_EQ(standsLow.size(), static_cast<std::size_t>(form().tree().count()));
+    EXPECT_THAT(standsLow, testing::Contains(true));
+    EXPECT_THAT(standsLow, testing::Contains(false))
+        << "at a match in the lower corner it goes to the upper one";
+}
+
 TEST_F(TemplateTreeTools, TheLastEntryIsKnownByTheCompanysOwnName)
 {
     sessionState().gsCompanyID = "ABC";
