@@ -95,7 +95,10 @@ void sizeText(const QMessageBox& box)
     QFont bold = box.font();
     bold.setBold(true);
     const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle());
-    label->setMinimumWidth(std::min(title + kBesideTitle, kMost));
+    const int width = std::min(title + kBesideTitle, kMost);
+    // A longer text makes room itself, and a minimum would take the place of that.
+    if (label->sizeHint().width() < width)
+        label->setMinimumWidth(width);
     const int nLine = label->fontMetrics().lineSpacing();
     const int nRoom = box.screen()->availableGeometry().height() * 2 / 3;
     label->setMaximumHeight(std::max(nRoom / nLine, 1) * nLine);

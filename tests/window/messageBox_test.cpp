@@ -79,6 +79,19 @@ TEST(MessageBox, IsWideEnoughForItsTitle)
     showMessageBox("Error 76", kMsgInformation, sTitle);
 }
 
+TEST(MessageBox, IsWideEnoughForItsText)
+{
+    for (const char* text :
+         {"Short", "A text that is much longer than the title of the box, and stands on one line",
+          "first line\nand a second one that is a good deal longer than the first"})
+        answered(text, kMsgYesNo | kMsgQuestion, [](QMessageBox& box) {
+            const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            EXPECT_GE(label->width(), label->sizeHint().width()) << box.text().toStdString();
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+            press(box, QMessageBox::No);
+        });
+}
+
 TEST(MessageBox, ShowsItsTextsAsTheyAre)
 {
     answered("Tom & Jerry <b>\r\nsecond line\rthird && fourth", 0, [](QMessageBox& box) {
