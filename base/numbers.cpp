@@ -4,10 +4,10 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <string>
 #include <system_error>
 
 namespace zorvo {
@@ -121,6 +121,13 @@ double leadingNumber(std::string_view text)
     const std::string trimmed = trimBlanks(text);
     const std::size_t length = numberLength(trimmed);
     return length == 0 ? 0 : parse(std::string_view(trimmed).substr(0, length));
+}
+
+std::string numberText(double number)
+{
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.begin(), text.end(), number);
+    return {text.begin(), written.ptr};
 }
 
 } // namespace zorvo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 /// Numbers in texts: blanks around, an optional sign, digits with an optional point, an optional exponent.
@@ -17,5 +18,8 @@ std::int16_t toInteger(std::string_view text);
 
 /// The number that the text begins with, 0 when it begins with none: "11.0" is 11, "16 beta" is 16.
 double leadingNumber(std::string_view text);
+
+/// The shortest text that reads as the same number: 8 is "8", 8.9 is "8.9".
+std::string numberText(double number);
 
 } // namespace zorvo

@@ -141,10 +141,11 @@ void listEditions(std::vector<std::string>& sList, std::int16_t& nCount)
 
 bool bExcelIsRecentEnough()
 {
-    const std::string sVersion = platform().office->createExcel()->version();
-    if (leadingNumber(sVersion) >= kOldestExcel)
+    const double nVersion = leadingNumber(platform().office->createExcel()->version());
+    if (nVersion >= kOldestExcel)
         return true;
-    BrandedMsgBox("This feature requires Excel 9.0 or later. You are using Excel " + sVersion + ".    ",
+    BrandedMsgBox("This feature requires Excel 9.0 or later. You are using Excel " + numberText(nVersion) +
+                      ".    ",
                   kMsgCritical, {}, {}, {}, kLibraryTitleSuffix);
     return false;
 }

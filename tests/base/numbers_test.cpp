@@ -102,3 +102,12 @@ TEST(LeadingNumber, ReadsWhatTheTextBeginsWith)
     EXPECT_DOUBLE_EQ(leadingNumber("beta 16"), 0);
     EXPECT_DOUBLE_EQ(leadingNumber(""), 0);
 }
+
+TEST(NumberText, IsTheShortestThatReadsAsTheSame)
+{
+    EXPECT_EQ(numberText(8), "8");
+    EXPECT_EQ(numberText(8.9), "8.9");
+    EXPECT_EQ(numberText(-0.25), "-0.25");
+    EXPECT_DOUBLE_EQ(toDouble(numberText(1.0 / 3)), 1.0 / 3);
+    EXPECT_DOUBLE_EQ(toDouble(numberText(-1.5e-300)), -1.5e-300);
+}

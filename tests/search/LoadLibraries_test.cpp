@@ -12,6 +12,7 @@ namespace zorvo {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -297,7 +298,7 @@ TEST_F(LoadLibrariesTest, Excel8IsToldWithItsVersionAndTheListStaysEmpty)
     LoadLibraries(list, nCount, bFound, false);
     ASSERT_THAT(messages.boxes, SizeIs(1));
     EXPECT_EQ(messages.boxes[0].sPrompt,
-              "This feature requires Excel 9.0 or later. You are using Excel 8.0.    ");
+              "This feature requires Excel 9.0 or later. You are using Excel 8.    ");
     EXPECT_EQ(messages.boxes[0].nStyle, kMsgCritical);
     EXPECT_EQ(messages.boxes[0].sTitle, "Zorvo's Brendle:  Zorvo's Sablewood Library");
     EXPECT_THAT(list, IsEmpty());
@@ -312,6 +313,8 @@ TEST_F(LoadLibrariesTest, Excel9IsEnough)
     EXPECT_THAT(messages.boxes, IsEmpty());
     office->setVersions("11.0", "8.9");
     EXPECT_FALSE(bExcelIsRecentEnough());
+    ASSERT_THAT(messages.boxes, SizeIs(1));
+    EXPECT_THAT(messages.boxes[0].sPrompt, EndsWith(" Excel 8.9.    "));
 }
 
 TEST_F(LoadLibrariesTest, ReleasesExcelWithoutEndingIt)
