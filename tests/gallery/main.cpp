@@ -63,7 +63,8 @@ class HelpHere : public HelpViewer {
 public:
     HelpHere()
         : paths_(userDataFolder())
-        , desk_(QCoreApplication::applicationDirPath() + QStringLiteral("/brendle-help-reader"), {})
+        , desk_(QCoreApplication::applicationDirPath() + QStringLiteral("/brendle-help-reader"), {},
+                *platform().settings)
     {
     }
     std::uintptr_t show(std::uintptr_t owner, const std::string& helpFile, Command command,
