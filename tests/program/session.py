@@ -266,10 +266,14 @@ class Session:
         return wait_for("the window " + form, find, seconds)
 
     def active_window(self, form):
-        """The same once it has the keyboard."""
+        """The same once it has the keyboard and takes keys: while work is under way a form can't even be closed."""
         window = self.window(form)
-        wait_for("the keyboard to reach " + form,
-                 lambda: (window.clear_cache(), window.get_state_set().contains(Atspi.StateType.ACTIVE))[1])
+
+        def is_ready():
+            window.clear_cache()
+            states = window.get_state_set()
+            return states.contains(Atspi.StateType.ACTIVE) and states.contains(Atspi.StateType.ENABLED)
+        wait_for("the keyboard to reach " + form, is_ready)
         return window
 
     def has_window(self, form):
