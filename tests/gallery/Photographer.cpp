@@ -24,6 +24,14 @@ bool isWanted(const QWidget& window, const Sight& sight)
                                   : window.objectName() == sight.window;
 }
 
+bool isFramed(const QWidget& window)
+{
+    const QRect screen = window.screen()->geometry();
+    const bool bNeedsNone = window.windowFlags().testFlag(Qt::FramelessWindowHint);
+    return screen.intersects(window.geometry()) &&
+           (bNeedsNone || window.frameGeometry() != window.geometry());
+}
+
 QWidget* findWindow(const Sight& sight)
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -75,9 +83,8 @@ void Photographer::look()
         nStillMs_ = 0;
         return;
     }
-    // The window manager's frame may come a moment after the window.
-    const bool bFrame = window && !window->windowFlags().testFlag(Qt::FramelessWindowHint);
-    if (bFrame && window->frameGeometry() == window->geometry() && nWaitedMs_ < kFrameMs)
+    // The window manager's frame and place may come a moment after the window.
+    if (window && !isFramed(*window) && nWaitedMs_ < kFrameMs)
         return;
     if (!window || (sights_.front().isReady && !sights_.front().isReady(*window)))
         return;
@@ -128,6 +135,10 @@ void Photographer::giveUp()
 bool Photographer::save(const QWidget& window, const QString& picture)
 {
     const QRect area = window.frameGeometry() & window.screen()->geometry();
+    if (area.isEmpty()) {
+        std::fprintf(stderr, "gallery: %s is off the screen\n", qPrintable(picture));
+        return false;
+    }
     const QPixmap pixmap = window.screen()->grabWindow(0, area.x(), area.y(), area.width(), area.height());
     const QString file = folder_ + QLatin1Char('/') + picture + QLatin1String(".png");
     if (pixmap.isNull() || !pixmap.save(file)) {
