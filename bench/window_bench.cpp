@@ -1,11 +1,14 @@
 // What the main window costs on a tree of 100,000 documents: a key that moves the selection, expanding and
-// collapsing everything, each against a bare tree view of the same texts; and how honestly a reload shows its
+// collapsing everything, each against a bare tree view of the same rows; and how honestly a reload shows its
 // progress.
 //
 //   bench_window [product years [documents per year]]      2000 and 50 by default
 //
-// Exit code 1 when a limit is passed: 1.5 times the bare key, 2 times the bare expandAll or collapseAll, or
-// half of a reload without a sign of life.
+// A key is measured as its user sees it: from the X server, which has it first, until the server has the new
+// picture (tools/without-display gives a server where there is none).
+//
+// Exit code 1 when a limit is passed: one frame of 16 ms or 1.5 times the bare key, 2 times the bare
+// expandAll or collapseAll, or half of a reload without a sign of life.
 
 #include "base/sessionState.h"
 #include "bench/GeneratedMachine.h"
@@ -19,13 +22,13 @@
 #include "tests/fakes/RecordingMessages.h"
 #include "tests/fakes/RecordingObjectService.h"
 #include "tests/fakes/installFakePlatform.h"
+#include "window/ImageList.h"
 #include "window/MnemonicLabel.h"
 #include "window/TreeView.h"
 
 #include <QApplication>
 #include <QBoxLayout>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QProgressBar>
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -35,8 +38,10 @@
 #include <cstdlib>
 #include <ctime>
 #include <functional>
+#include <map>
 #include <set>
 #include <vector>
+#include <xcb/xcb.h>
 
 namespace zorvo {
 
@@ -45,6 +50,7 @@ namespace {
 constexpr int kYearsPerProduct = 4;
 constexpr int kKeys = 300;
 constexpr int kRounds = 5;
+constexpr double kFrameMs = 16;
 
 double processorMilliseconds()
 {
@@ -89,42 +95,91 @@ private:
     std::set<QObject*> painted_;
 };
 
-/// Processor time from a key to the paint of all that follows it, in the middle of many keys: down and up
-/// among the documents of one year, since two nodes of other kinds may share their description.
-double keyTime(QWidget& receiver, Paints& paints, int nDocumentsPerYear)
+/// The X server's keys and picture.
+class Server {
+public:
+    static constexpr std::uint32_t kUp = 0xff52;
+    static constexpr std::uint32_t kDown = 0xff54;
+
+    Server()
+        : connection_(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
+    {
+        const xcb_setup_t& setup = *xcb_get_setup(connection_);
+        const auto nCount = static_cast<std::uint8_t>(setup.max_keycode - setup.min_keycode + 1);
+        auto* mapping = xcb_get_keyboard_mapping_reply(
+            connection_, xcb_get_keyboard_mapping(connection_, setup.min_keycode, nCount), nullptr);
+        const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping);
+        for (int i = 0; i < nCount; ++i)
+            codes_[symbols[std::ptrdiff_t{i} * mapping->keysyms_per_keycode]] =
+                static_cast<xcb_keycode_t>(setup.min_keycode + i);
+        std::free(mapping);
+    }
+
+    /// A key goes down and up again in the window.
+    void press(const QWidget& window, std::uint32_t symbol)
+    {
+        xcb_key_press_event_t key{};
+        key.detail = codes_.at(symbol);
+        key.event = static_cast<xcb_window_t>(window.winId());
+        key.same_screen = 1;
+        for (const std::uint8_t type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+            key.response_type = type;
+            xcb_send_event(connection_, 0, key.event, XCB_EVENT_MASK_NO_EVENT,
+                           reinterpret_cast<const char*>(&key));
+        }
+        xcb_flush(connection_);
+    }
+
+    /// Until all that was sent is on the screen: the server answers in order.
+    void wait()
+    {
+        std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+    }
+
+private:
+    xcb_connection_t* connection_;
+    std::map<xcb_keysym_t, xcb_keycode_t> codes_;
+};
+
+/// Time from a key to the picture of all that follows it, in the middle of many keys: down and up among the
+/// documents of one year, since two nodes of other kinds may share their description.
+double keyTime(QWidget& window, Paints& paints, int nDocumentsPerYear)
 {
+    Server server;
+    while (!window.isActiveWindow())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     std::vector<double> times;
     for (int i = 0; i < kKeys; ++i) {
-        const Qt::Key code = i / (nDocumentsPerYear - 1) % 2 == 0 ? Qt::Key_Down : Qt::Key_Up;
         QCoreApplication::processEvents();
         paints.clear();
-        const double start = processorMilliseconds();
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent key(type, code, Qt::NoModifier);
-            QCoreApplication::sendEvent(&receiver, &key);
-        }
+        QElapsedTimer clock;
+        clock.start();
+        server.press(window, i / (nDocumentsPerYear - 1) % 2 == 0 ? Server::kDown : Server::kUp);
         paints.wait();
-        times.push_back(processorMilliseconds() - start);
+        server.wait();
+        times.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
     return median(times);
 }
 
-void copyNodes(const std::vector<TreeNode*>& nodes, QStandardItem& parent)
+void copyNodes(const std::vector<TreeNode*>& nodes, const ImageList& images, QStandardItem& parent)
 {
     for (const TreeNode* node : nodes) {
         auto* item = new QStandardItem(QString::fromStdString(node->text()));
+        if (node->image() >= 1 && node->image() <= images.count() && images.item(node->image()).picture)
+            item->setIcon(images.item(node->image()).picture->icon());
         parent.appendRow(item);
-        copyNodes(node->children(), *item);
+        copyNodes(node->children(), images, *item);
     }
 }
 
-/// The same texts in a view as Qt makes it, but for rows of one height, without which it would be slower
+/// The same rows in a view as Qt makes it, but for rows of one height, without which it would be slower
 /// still.
 class BareTree {
 public:
     BareTree(const TreeNodes& nodes, const QSize& size)
     {
-        copyNodes(nodes.roots(), *model_.invisibleRootItem());
+        copyNodes(nodes.roots(), nodes.images(), *model_.invisibleRootItem());
         view.setModel(&model_);
         view.setHeaderHidden(true);
         view.setUniformRowHeights(true);
@@ -200,11 +255,13 @@ bool measureKey(TemplateTree& form, BareTree& bare, int nDocumentsPerYear)
     Paints both{ours.viewport(), form.findChild<MnemonicLabel*>(QStringLiteral("lblDesc"))};
     Paints alone{bare.view.viewport()};
     ours.setFocus();
-    const double oursTime = keyTime(ours, both, nDocumentsPerYear);
+    form.activateWindow();
+    const double oursTime = keyTime(form, both, nDocumentsPerYear);
     bare.view.activateWindow();
     bare.view.setFocus();
-    QCoreApplication::processEvents();
-    return report("key, description painted", oursTime, keyTime(bare.view, alone, nDocumentsPerYear), 1.5);
+    const bool bInFrame = oursTime <= kFrameMs;
+    return report("key, description painted", oursTime, keyTime(bare.view, alone, nDocumentsPerYear), 1.5) &&
+           bInFrame;
 }
 
 /// The best of several, each up to the paint.
@@ -310,15 +367,16 @@ bool measureReload(TemplateTree& form)
 int main(int argc, char** argv)
 {
     using namespace zorvo;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const int nDocumentsPerYear = argc > 2 ? std::max(2, std::atoi(argv[2])) : 50;
     const FormOnMachine machine(argc > 1 ? std::atoi(argv[1]) : 2000, nDocumentsPerYear);
     TemplateTree& form = FormOnMachine::form();
-    std::printf(
-        "%d nodes. Milliseconds of processor time: a key in the middle of %d, the others at best of %d.\n\n",
-        form.tree().count(), kKeys, kRounds);
+    std::printf("%d nodes. Milliseconds: a key to its picture in the middle of %d, the others of processor "
+                "time at best "
+                "of %d.\n\n",
+                form.tree().count(), kKeys, kRounds);
     std::printf("%-26s %9s %9s %7s %7s\n", "", "program", "bare", "ratio", "limit");
     bool bGood = true;
     {
