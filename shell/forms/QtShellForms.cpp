@@ -20,6 +20,7 @@
 #include "support/SupportHost.h"
 #include "support/forms/frmAbout.h"
 #include "tree/LoadTree.h"
+#include "window/DarkIndicators.h"
 #include "window/MainFormGate.h"
 #include "window/pendingEvents.h"
 
@@ -100,6 +101,8 @@ public:
 void installQtForms()
 {
     initPictures();
+    if (!dynamic_cast<DarkIndicators*>(QApplication::style()))
+        QApplication::setStyle(new DarkIndicators);
     // Of the windows that have none of their own.
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/brendle.svg")));
     static QtShellForms forms;
