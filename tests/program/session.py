@@ -213,12 +213,13 @@ class Session:
         return [subprocess.run(["xprop", "-notype", "-id", each, "WM_CLASS"], env=self.env, capture_output=True,
                                text=True, check=True).stdout.strip() for each in ids]
 
-    def move(self, left, top, width, height):
-        """The active window, by its window manager."""
-        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
+    def move(self, window, left, top, width, height):
+        """The active window, by its window manager; until it is there."""
+        active = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
                                 check=True).stdout.strip()
-        subprocess.run(["xdotool", "windowsize", "--sync", window, str(width), str(height)], env=self.env, check=True)
-        subprocess.run(["xdotool", "windowmove", window, str(left), str(top)], env=self.env, check=True)
+        subprocess.run(["xdotool", "windowsize", "--sync", active, str(width), str(height)], env=self.env, check=True)
+        subprocess.run(["xdotool", "windowmove", active, str(left), str(top)], env=self.env, check=True)
+        wait_for("the new place", lambda: self.place(window) == (left, top, width, height))
 
     def minimise(self):
         """The active window, by its window manager."""
