@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <memory>
@@ -78,6 +79,8 @@ std::string linkedFolder(const std::string& link)
 {
     char target[PATH_MAX];
     const ssize_t length = readlink(link.c_str(), target, sizeof target);
+    if (length < 0 && errno == ENOENT) // most letters, at every path that is shown
+        return {};
     std::string folder(target, length > 0 ? static_cast<std::size_t>(length) : 0);
     if (!folder.starts_with('/'))
         folder = realFolder(link);
