@@ -6,6 +6,7 @@
 #include "catalogue/EngagementHost.h"
 #include "catalogue/basHTMLHelp.h"
 #include "window/MnemonicLabel.h"
+#include "window/RoomyItems.h"
 #include "window/guardedSlot.h"
 #include "window/spacing.h"
 #include "window/windowPosition.h"
@@ -35,7 +36,7 @@ frmEngagementList::frmEngagementList()
     resize(kDefaultSize);
     List1_->setObjectName(QStringLiteral("List1"));
     Label1_->setBuddy(List1_);
-    List1_->setStyleSheet(QStringLiteral("QListView::item { padding: 3px 0; }"));
+    List1_->setItemDelegate(new RoomyItems(List1_));
     btnView_->setObjectName(QStringLiteral("btnView"));
     cmdOK_->setObjectName(QStringLiteral("cmdOK"));
     cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));

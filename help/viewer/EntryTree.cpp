@@ -1,7 +1,7 @@
 #include "help/viewer/EntryTree.h"
 
-#include "help/viewer/RoomyItems.h"
 #include "help/viewer/plainToolTip.h"
+#include "window/RoomyItems.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-namespace zorvo::help {
+namespace zorvo {
 
 /// Items of a tree or a list with some room above and below. A style sheet would say the same, and make the
 /// window come up later.
@@ -17,4 +17,4 @@ public:
     }
 };
 
-} // namespace zorvo::help
+} // namespace zorvo
