@@ -2,24 +2,14 @@
 
 #include "base/RunTimeError.h"
 #include "tests/branding/BrandingTest.h"
+#include "tests/support/pictureBytes.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QPixmap>
 
 namespace zorvo {
 
 namespace {
-
-std::string pictureBytes(int nSize, const char* sFormat)
-{
-    QImage image(nSize, nSize, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, sFormat);
-    return bytes.toStdString();
-}
 
 } // namespace
 

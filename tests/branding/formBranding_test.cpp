@@ -3,10 +3,10 @@
 #include "base/RunTimeError.h"
 #include "tests/branding/BrandingTest.h"
 #include "tests/branding/captionXml.h"
+#include "tests/support/pictureBytes.h"
 #include "window/Form.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QDialog>
 #include <QGroupBox>
@@ -20,16 +20,6 @@
 namespace zorvo {
 
 namespace {
-
-std::string iconBytes(int nSize)
-{
-    QImage image(nSize, nSize, QImage::Format_RGB32);
-    image.fill(Qt::blue);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
 
 /// A form with controls of the kinds that forms have, one of them inside another.
 class SampleForm : public Form {
@@ -59,8 +49,8 @@ protected:
         , launcherBefore_(QGuiApplication::desktopFileName())
     {
         QGuiApplication::setDesktopFileName(QStringLiteral("com.example.Program"));
-        fakes.files->addFile("C:\\Zorvo\\Images\\Brendle.ico", iconBytes(16));
-        fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", iconBytes(24));
+        fakes.files->addFile("C:\\Zorvo\\Images\\Brendle.ico", pictureBytes(16));
+        fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", pictureBytes(24));
     }
     ~FormBranding() override
     {

@@ -4,7 +4,6 @@
 #include "base/sessionState.h"
 #include "catalogue/catalogueState.h"
 
-#include <QBuffer>
 #include <QImage>
 
 namespace zorvo {
@@ -67,16 +66,6 @@ std::string statusNode(const ExpectedNode& node)
            node.sClassID + "\"><ProductKey><![CDATA[" + node.sKey + "]]></ProductKey><ProductName><![CDATA[" +
            node.sName + "]]></ProductName><TemplatePath><![CDATA[" + node.sPath +
            "]]></TemplatePath></ProductRegistryNode>";
-}
-
-std::string pictureBytes(int nSize)
-{
-    QImage image(nSize, nSize, QImage::Format_RGB32);
-    image.fill(Qt::blue);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
 }
 
 int numberOfFailure(const std::function<void()>& call)

@@ -2,6 +2,7 @@
 
 #include "catalogue/clsZorvoProductStatus.h"
 #include "tests/fakes/installFakePlatform.h"
+#include "tests/support/pictureBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -48,9 +49,6 @@ struct ExpectedNode {
     std::string sPath = {};
 };
 std::string statusNode(const ExpectedNode& node);
-
-/// A square picture file of that many pixels.
-std::string pictureBytes(int nSize);
 
 /// The number of the RunTimeError that the call throws, 0 when it throws none.
 int numberOfFailure(const std::function<void()>& call);

@@ -7,17 +7,16 @@
 #include "creation/forms/QtCreationForms.h"
 #include "tests/creation/CreationTest.h"
 #include "tests/fakes/RecordingHelpViewer.h"
+#include "tests/support/pictureBytes.h"
 #include "window/MainFormGate.h"
 #include "window/MnemonicLabel.h"
 #include "window/TreeView.h"
 #include "window/clsMousePointer.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPixmap>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -42,13 +41,8 @@ protected:
     {
         ReleaseHTMLHelp();
         platform().help = help;
-        QPixmap picture(16, 16);
-        picture.fill(Qt::blue);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        picture.save(&buffer, "PNG");
         for (const char* name : kPictures)
-            fakes.files->addFile(std::string("C:\\Zorvo\\Images\\") + name, bytes.toStdString());
+            fakes.files->addFile(std::string("C:\\Zorvo\\Images\\") + name, pictureBytes(16));
         setDocuments({"C:\\T\\Letter.dot", "C:\\T\\Budget.xlt"});
     }
     ~frmProgressFormTest() override { ReleaseHTMLHelp(); }

@@ -1,25 +1,15 @@
 #include "help/viewer/PageView.h"
 
 #include "tests/help/HelpTest.h"
+#include "tests/support/pictureBytes.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QSignalSpy>
 
 namespace zorvo::help {
 namespace {
-
-std::string png(QColor colour)
-{
-    QImage image(40, 40, QImage::Format_RGB32);
-    image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
 
 std::string repeated(const std::string& text, int nTimes)
 {
@@ -65,7 +55,7 @@ TEST_F(PageViewTest, APageIsShownWithItsPicturesAndStyles)
              .add("/sub/a.htm", "<html><head><link rel=stylesheet href=\"../css/s.css\"></head><body>"
                                 "<p class=x>styled</p><img src=\"red.png\"></body></html>")
              .add("/css/s.css", ".x { background-color: #00ff00; }")
-             .add("/sub/red.png", png(Qt::red)));
+             .add("/sub/red.png", pictureBytes(40, "PNG", Qt::red)));
     view_->showPage(QStringLiteral("/sub/a.htm"));
     EXPECT_TRUE(text().contains(QStringLiteral("styled")));
     EXPECT_TRUE(paints(Qt::red));
@@ -90,7 +80,7 @@ TEST_F(PageViewTest, LinksLeadToPagesAndTheirAnchors)
 TEST_F(PageViewTest, NothingIsTakenFromTheUsersOwnFiles)
 {
     const std::string secret = path("secret.png");
-    writeFile(secret, png(Qt::magenta));
+    writeFile(secret, pictureBytes(40, "PNG", Qt::magenta));
     writeFile(path("secret.htm"), "<p>secret words</p>");
     writeFile(path("secret.css"), "p { background-color: #ff00ff; }");
     show(TestBook().add("/a.htm", "<html><head><link rel=stylesheet type=text/css href=\"file://" +
@@ -194,7 +184,7 @@ TEST_F(PageViewTest, OnlyPicturesOfPlainKindsAreDecoded)
              .add("/a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"40\">"
                             "<rect width=\"40\" height=\"40\" fill=\"#ff00ff\"/></svg>")
              .add("/b.png", "no picture")
-             .add("/c.png", png(Qt::red).substr(0, 40)));
+             .add("/c.png", pictureBytes(40, "PNG", Qt::red).substr(0, 40)));
     view_->showPage(QStringLiteral("/a.htm"));
     EXPECT_FALSE(paints(Qt::magenta));
     EXPECT_TRUE(text().contains(QStringLiteral("x")));

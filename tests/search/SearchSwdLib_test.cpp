@@ -7,11 +7,11 @@
 #include "search/forms/searchFormInstances.h"
 #include "search/searchState.h"
 #include "tests/search/SearchTest.h"
+#include "tests/support/pictureBytes.h"
 #include "window/MnemonicLabel.h"
 #include "window/clsMousePointer.h"
 #include "window/messageBox.h"
 
-#include <QBuffer>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -407,13 +407,8 @@ TEST_F(SearchSwdLibTest, TheWaitNoticeCountsTheExamples)
 
 TEST_F(SearchSwdLibTest, TheWaitNoticeShowsAnotherCompanysProductIcon)
 {
-    QPixmap picture(16, 16);
-    picture.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    picture.save(&buffer, "PNG");
-    fakes.files->addFile("C:\\Zorvo\\Images\\Product16.ico", bytes.toStdString());
-    fakes.files->addFile("C:\\Zorvo\\Images\\Brendle.ico", bytes.toStdString());
+    fakes.files->addFile("C:\\Zorvo\\Images\\Product16.ico", pictureBytes(16));
+    fakes.files->addFile("C:\\Zorvo\\Images\\Brendle.ico", pictureBytes(16));
     StoreCompanyID("ABC");
     const SWDSearchMessage& notice = swdSearchMessage().get();
     EXPECT_EQ(notice.caption(), QStringLiteral("ABC's Sablewood Library is being searched"));

@@ -9,6 +9,7 @@
 #include "shell/shellState.h"
 #include "tests/fakes/RecordingHelpViewer.h"
 #include "tests/shell/MainFormTest.h"
+#include "tests/support/pictureBytes.h"
 #include "tree/treeState.h"
 #include "window/LinkLabel.h"
 #include "window/ListBar.h"
@@ -19,7 +20,6 @@
 #include "window/clsMousePointer.h"
 
 #include <QAction>
-#include <QBuffer>
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
@@ -33,17 +33,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string pictureBytes(Qt::GlobalColor colour)
-{
-    QImage image(16, 16, QImage::Format_ARGB32);
-    image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
-
 /// What the main form does in its life, looked at from the ports that it calls.
 class TemplateTreeLife : public MainFormTest {
 protected:
@@ -51,7 +40,8 @@ protected:
     {
         platform().help = help;
         for (const char* sPicture : {"Brendle.ico", "Sidebar.bmp", "Treelist Background White.bmp"})
-            fakes.files->addFile(std::string("C:\\Zorvo\\Images\\") + sPicture, pictureBytes(Qt::white));
+            fakes.files->addFile(std::string("C:\\Zorvo\\Images\\") + sPicture,
+                                 pictureBytes(16, "PNG", Qt::white));
     }
     ~TemplateTreeLife() override
     {

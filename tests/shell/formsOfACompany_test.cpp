@@ -15,9 +15,9 @@
 #include "support/forms/frmAbout.h"
 #include "tests/fakes/RecordingPageEngine.h"
 #include "tests/shell/MainFormTest.h"
+#include "tests/support/pictureBytes.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QIcon>
 #include <QImage>
 #include <QPushButton>
@@ -70,12 +70,7 @@ protected:
     {
         platform().pages = std::make_shared<RecordingPageEngine>();
         StoreCompanyID("ABC");
-        QImage image(kCompanyIconWidth, kCompanyIconWidth, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        image.save(&buffer, "PNG");
-        fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", bytes.toStdString());
+        fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", pictureBytes(kCompanyIconWidth));
         fakes.files->addFile("C:\\Zorvo\\TreeData\\SWDXML.xml", "<SWDInformation group=\"Tessora\"/>");
         form();                               // so that no busy pointer loads it under way
         QApplication::setWindowIcon(QIcon()); // the main form has given the icon to all windows

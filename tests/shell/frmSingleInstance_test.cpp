@@ -4,27 +4,17 @@
 #include "shell/forms/frmSingleInstance.h"
 #include "tests/shell/MainFormTest.h"
 #include "tests/shell/modalForms.h"
+#include "tests/support/pictureBytes.h"
 #include "window/IntervalTimer.h"
 #include "window/StatusPanels.h"
 #include "window/clsMousePointer.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QLabel>
 #include <QWindow>
 
 namespace zorvo {
 namespace {
-
-std::string picture(int nWidth)
-{
-    QImage image(nWidth, nWidth, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
 
 class SingleInstanceTest : public MainFormTest {
 protected:
@@ -120,8 +110,8 @@ TEST_F(SingleInstanceTest, TheBoxStaysAboveTheOwnerGivenBeforeItsLoad)
 TEST_F(SingleInstanceTest, AnotherCompanysBoxHasItsWordsAndItsProductIcon)
 {
     StoreCompanyID("ABC");
-    fakes.files->addFile("C:\\Zorvo\\Images\\Product16.ico", picture(16));
-    fakes.files->addFile("C:\\Zorvo\\ABC\\Product16.ico", picture(24));
+    fakes.files->addFile("C:\\Zorvo\\Images\\Product16.ico", pictureBytes(16));
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Product16.ico", pictureBytes(24));
     EXPECT_EQ(singleInstance().get().caption(),
               QStringLiteral("ABC's Brendle is creating the document below"));
     EXPECT_EQ(documentPicture(singleInstance().get()).width(), 24);

@@ -11,10 +11,10 @@
 #include "shell/shellState.h"
 #include "tests/shell/MainFormTest.h"
 #include "tests/shell/modalForms.h"
+#include "tests/support/pictureBytes.h"
 #include "window/MnemonicLabel.h"
 #include "window/clsMousePointer.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,17 +26,6 @@ namespace zorvo {
 namespace {
 
 constexpr const char* kMissingSplash = "basBranding.LoadBrandedPicture(Splash.bmp)";
-
-std::string bitmap(int nWidth)
-{
-    QImage image(nWidth, nWidth, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "BMP");
-    return bytes.toStdString();
-}
 
 /// Another window takes the front and gives it back.
 void showAgain(QWidget& form)
@@ -148,17 +137,17 @@ TEST_F(SmallFormsTest, TheSplashTakesItsCompanysPictureAtEachActivateAndTheHouse
     const auto width = [] {
         return child<QLabel>(splash().get(), "picSplash")->pixmap(Qt::ReturnByValue).width();
     };
-    fakes.files->addFile("C:\\Zorvo\\Images\\Splash.bmp", bitmap(12));
+    fakes.files->addFile("C:\\Zorvo\\Images\\Splash.bmp", pictureBytes(12, "BMP"));
     splash().get().showModeless();
     showAgain(splash().get());
     EXPECT_GT(width(), 12) << "the house's picture is the form's own";
     splash().unload();
     sessionState().gsCompanyID = "ABC";
-    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", bitmap(14));
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", pictureBytes(14, "BMP"));
     splash().get().showModeless();
     showAgain(splash().get());
     EXPECT_EQ(width(), 14);
-    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", bitmap(16));
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Splash.bmp", pictureBytes(16, "BMP"));
     showAgain(splash().get());
     EXPECT_EQ(width(), 16);
     splash().unload();
@@ -264,7 +253,7 @@ TEST_F(SmallFormsTest, TheSearchsDialogsCarryTheirTexts)
 TEST_F(SmallFormsTest, TheSearchsDialogsCarryTheirCompanysIcon)
 {
     sessionState().gsCompanyID = "ABC";
-    fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", bitmap(16));
+    fakes.files->addFile("C:\\Zorvo\\ABC\\Brendle.ico", pictureBytes(16, "BMP"));
     frmTreeSearch search;
     frmNoMoreSearch end;
     for (Form* each : {static_cast<Form*>(&search), static_cast<Form*>(&end)}) {

@@ -8,9 +8,9 @@
 #include "tests/fakes/RecordingHelpViewer.h"
 #include "tests/fakes/RecordingMessages.h"
 #include "tests/fakes/installFakePlatform.h"
+#include "tests/support/pictureBytes.h"
 #include "window/clsMousePointer.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -46,17 +46,6 @@ std::vector<AppInfoCall> appInfoCalls;
 void recordAppInfo(const char* sFolder, std::int32_t hWnd, const char* sReportFile, const char* sCompanyID)
 {
     appInfoCalls.push_back({sFolder, hWnd, sReportFile, sCompanyID});
-}
-
-std::string bitmap()
-{
-    QImage image(kBrandedWidth, kBrandedWidth, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "BMP");
-    return bytes.toStdString();
 }
 
 class AboutBox : public testing::Test {
@@ -181,7 +170,7 @@ TEST_F(AboutBox, KeepsTheDefaultCompanysPicture)
 {
     const int nWidth = control<QLabel>("picAboutBrand")->pixmap(Qt::ReturnByValue).width();
     EXPECT_GT(nWidth, kBrandedWidth);
-    fakes.files->addFile("C:\\Zorvo\\Images\\About.bmp", bitmap());
+    fakes.files->addFile("C:\\Zorvo\\Images\\About.bmp", pictureBytes(kBrandedWidth, "BMP"));
     activateTwice();
     EXPECT_EQ(control<QLabel>("picAboutBrand")->pixmap(Qt::ReturnByValue).width(), nWidth);
 }
@@ -189,7 +178,7 @@ TEST_F(AboutBox, KeepsTheDefaultCompanysPicture)
 TEST_F(AboutBox, TakesABrandedCompanysPictureWhenItComesToTheFront)
 {
     sessionState().gsCompanyID = "ABC";
-    fakes.files->addFile("C:\\Zorvo\\ABC\\About.bmp", bitmap());
+    fakes.files->addFile("C:\\Zorvo\\ABC\\About.bmp", pictureBytes(kBrandedWidth, "BMP"));
     loaded();
     EXPECT_GT(control<QLabel>("picAboutBrand")->pixmap(Qt::ReturnByValue).width(), kBrandedWidth);
     activateTwice();

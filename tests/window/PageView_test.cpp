@@ -3,11 +3,11 @@
 #include "tests/fakes/RecordingPageEngine.h"
 #include "tests/fakes/installFakePlatform.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/pictureBytes.h"
 #include "tests/window/WindowTest.h"
 #include "window/Form.h"
 #include "window/RichTextPage.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QLabel>
 #include <QMessageBox>
@@ -332,18 +332,14 @@ TEST_F(RichText, LinksLeadWithinTheFolderAndToTheWebAndNowhereElse)
 
 TEST_F(RichText, PicturesComeFromThePagesFolderAlone)
 {
-    QImage dot(7, 7, QImage::Format_RGB32);
-    dot.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    dot.save(&buffer, "PNG");
+    const std::string sDot = pictureBytes(7);
     write("AUD.htm", "A");
-    write("dot.png", bytes.toStdString());
+    write("dot.png", sDot);
     write("text.png", "no picture");
-    fakes.files->addFile("C:\\Zorvo\\TreeData\\dot.png", bytes.toStdString());
+    fakes.files->addFile("C:\\Zorvo\\TreeData\\dot.png", sDot);
     const TemporaryFolder outside;
     const std::string sOutside = outside / "dot.png";
-    putFile(sOutside, bytes.toStdString());
+    putFile(sOutside, sDot);
     ASSERT_TRUE(navigate(kPage));
     const auto size = [&](const std::string& sName) {
         return resource(sName.c_str()).value<QImage>().size();

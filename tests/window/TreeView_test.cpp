@@ -1,9 +1,9 @@
+#include "tests/support/pictureBytes.h"
 #include "tests/window/WindowTest.h"
 #include "window/TreeView.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QBuffer>
 #include <QImage>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -18,13 +18,7 @@ using testing::IsEmpty;
 
 PicturePtr plainPicture(Qt::GlobalColor colour, int size = 16)
 {
-    QImage image(size, size, QImage::Format_ARGB32);
-    image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return Picture::fromBytes(bytes.toStdString());
+    return Picture::fromBytes(pictureBytes(size, "PNG", colour));
 }
 
 class TreeViewTest : public testing::Test {
