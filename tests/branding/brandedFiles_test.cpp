@@ -9,10 +9,6 @@
 
 namespace zorvo {
 
-namespace {
-
-} // namespace
-
 class BrandedFiles : public BrandingTest {
 protected:
     void add(const std::string& sBelowProgram, const std::string& sBytes = "x")
