@@ -8,6 +8,7 @@
 #include "platform/linux/PageProcess.h"
 #include "platform/linux/environmentFolders.h"
 #endif
+#include "platform/linux/fontList.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
 #include "shell/ShellForms.h"
@@ -23,6 +24,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 namespace {
 
@@ -118,9 +120,15 @@ int showProgram()
 /// With `memory` behind it prints the memory in use a second later as well.
 int main(int argc, char** argv)
 {
+    const bool bProgram = argc > 1 && QByteArrayView(argv[1]) == "program";
+    std::jthread fonts;
+    if (bProgram)
+        fonts = zorvo::readFontListAhead();
     QApplication application(argc, argv);
+    if (fonts.joinable())
+        fonts.join();
     QApplication::setQuitOnLastWindowClosed(false);
     FirstPaint firstPaint(argc > 2 && QByteArrayView(argv[2]) == "memory");
     application.installEventFilter(&firstPaint);
-    return argc > 1 && QByteArrayView(argv[1]) == "program" ? showProgram() : showBareWindow();
+    return bProgram ? showProgram() : showBareWindow();
 }

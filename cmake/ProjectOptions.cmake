@@ -23,6 +23,9 @@ target_compile_definitions(project_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 target_include_directories(project_options INTERFACE ${CMAKE_SOURCE_DIR})
 
+# A program loads the libraries that it calls, not all that its static libraries might.
+target_link_options(project_options INTERFACE -Wl,--as-needed)
+
 if(ZORVO_SANITIZE)
   target_compile_options(project_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -62,7 +62,7 @@ void addTools(ToolPool& pool)
         tool.sCategory = row.sCategory;
         tool.sStatusText = row.sStatusText;
         tool.sToolTip = row.sToolTip;
-        tool.sIcon = std::string(":/tools/") + row.sId + ".svg";
+        tool.sIcon = std::string(":/tools/") + row.sId;
         pool.addTool(std::move(tool));
     }
     // The tools that mirror a setting.

@@ -9,6 +9,7 @@
 #include "platform/linux/PageProcess.h"
 #include "platform/linux/display.h"
 #include "platform/linux/environmentFolders.h"
+#include "platform/linux/fontList.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
 #include "shell/automationClasses.h"
@@ -18,6 +19,7 @@
 #include <QApplication>
 
 #include <iostream>
+#include <thread>
 
 /// The automation server. The object service of the platform starts it for a first client; it has no command
 /// line.
@@ -27,7 +29,10 @@ int main(int argc, char** argv)
         std::cerr << "zorvobrendle: there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set\n";
         return 1;
     }
+    std::jthread fonts = zorvo::readFontListAhead();
     const QApplication application(argc, argv);
+    if (fonts.joinable())
+        fonts.join();
     QApplication::setApplicationName(QStringLiteral("zorvobrendle"));
     QApplication::setDesktopFileName(QStringLiteral("com.zorvo.TSelector"));
     QApplication::setQuitOnLastWindowClosed(false);

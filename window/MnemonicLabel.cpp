@@ -2,6 +2,8 @@
 
 #include "window/accessKey.h"
 
+#include <utility>
+
 namespace zorvo {
 
 MnemonicLabel::MnemonicLabel(QWidget* parent)
@@ -29,6 +31,22 @@ void MnemonicLabel::setBuddy(QWidget* buddy)
     named_ = buddy;
     QLabel::setBuddy(buddy);
     showCaption();
+}
+
+int MnemonicLabel::heightForWidth(int width) const
+{
+    Measured now{text(), font(), contentsMargins(), margin(), indent(), wordWrap()};
+    if (now != measured_) {
+        measured_ = std::move(now);
+        heights_ = {};
+    }
+    for (const Height& each : heights_)
+        if (each.nWidth == width)
+            return each.nHeight;
+    Height& oldest = heights_[nOldest_];
+    nOldest_ = (nOldest_ + 1) % heights_.size();
+    oldest = {width, QLabel::heightForWidth(width)};
+    return oldest.nHeight;
 }
 
 void MnemonicLabel::showCaption()

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QFont>
 #include <QLabel>
 #include <QPointer>
+
+#include <array>
+#include <cstddef>
 
 namespace zorvo {
 
@@ -20,7 +24,27 @@ public:
 
     void setBuddy(QWidget* buddy);
 
+    /// Remembered for a few widths: nested layouts ask again and again, and each answer breaks the text into
+    /// lines.
+    int heightForWidth(int width) const override;
+
 private:
+    /// What a height follows from, apart from the width.
+    struct Measured {
+        QString text;
+        QFont font;
+        QMargins margins;
+        int nMargin = 0;
+        int nIndent = 0;
+        bool bWraps = false;
+
+        bool operator==(const Measured&) const = default;
+    };
+    struct Height {
+        int nWidth = -1;
+        int nHeight = 0;
+    };
+
     // The caption is the one way to the text.
     using QLabel::setText;
 
@@ -28,6 +52,9 @@ private:
 
     QString caption_;
     QPointer<QWidget> named_;
+    mutable Measured measured_;
+    mutable std::array<Height, 4> heights_;
+    mutable std::size_t nOldest_ = 0;
 };
 
 } // namespace zorvo

@@ -16,9 +16,29 @@ namespace zorvo {
 /// Images, not pixmaps: they are read without a user interface.
 struct Picture::Data {
     std::vector<QImage> images;
+    /// The file while only its first image has been read: a program loads more pictures than it shows.
+    QByteArray unread;
     /// Made at the first call for it; every node of a tree asks.
     QIcon icon;
+
+    void readRest();
 };
+
+void Picture::Data::readRest()
+{
+    if (unread.isEmpty())
+        return;
+    QBuffer buffer(&unread);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    for (int i = 1; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+        QImage image = reader.read();
+        if (!image.isNull())
+            images.push_back(std::move(image));
+    }
+    buffer.close();
+    unread.clear();
+}
 
 Picture::Picture()
     : data_(std::make_unique<Data>())
@@ -34,14 +54,15 @@ std::shared_ptr<Picture> Picture::fromBytes(std::string_view bytes)
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     std::shared_ptr<Picture> picture(new Picture);
-    const int nImages = reader.supportsAnimation() ? 1 : std::max(reader.imageCount(), 1);
-    for (int i = 0; i < nImages; ++i) {
-        if (i > 0 && !reader.jumpToImage(i))
-            break;
-        QImage image = reader.read();
-        if (!image.isNull())
-            picture->data_->images.push_back(std::move(image));
-    }
+    const bool bMore = !reader.supportsAnimation() && reader.imageCount() > 1;
+    QImage first = reader.read();
+    if (!first.isNull())
+        picture->data_->images.push_back(std::move(first));
+    if (bMore)
+        picture->data_->unread = QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    // Whether the file is a picture must be known now, if its first image doesn't tell.
+    if (picture->data_->images.empty())
+        picture->data_->readRest();
     if (picture->data_->images.empty())
         throw RunTimeError(kInvalidPicture);
     return picture;
@@ -49,6 +70,7 @@ std::shared_ptr<Picture> Picture::fromBytes(std::string_view bytes)
 
 QIcon Picture::icon() const
 {
+    data_->readRest();
     if (data_->icon.isNull())
         for (const QImage& image : data_->images)
             data_->icon.addPixmap(QPixmap::fromImage(image));
@@ -57,6 +79,7 @@ QIcon Picture::icon() const
 
 QPixmap Picture::pixmap() const
 {
+    data_->readRest();
     const auto area = [](const QImage& image) { return image.width() * image.height(); };
     const auto largest =
         std::max_element(data_->images.begin(), data_->images.end(),

@@ -4,11 +4,11 @@
 #include "window/BandMenu.h"
 #include "window/UiIds.h"
 #include "window/accessKey.h"
+#include "window/drawnIcon.h"
 
 #include <QAction>
 #include <QIcon>
 #include <QMenuBar>
-#include <QPainter>
 #include <QStatusTipEvent>
 #include <QToolBar>
 #include <QToolButton>
@@ -30,25 +30,6 @@ void showCommonParts(QAction& action, const Tool& tool)
 QToolButton* moreButton(const QToolBar& toolBar)
 {
     return toolBar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-}
-
-QIcon doubleArrow(const QColor& colour)
-{
-    constexpr int kPicture = 16;
-    QIcon icon;
-    for (const int size : {kPicture, 2 * kPicture, 3 * kPicture}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(static_cast<double>(size) / kPicture, static_cast<double>(size) / kPicture);
-        painter.setPen(QPen(colour, 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        for (const double left : {4.0, 8.5})
-            painter.drawPolyline(QPolygonF({QPointF(left, 4), QPointF(left + 4, 8), QPointF(left, 12)}));
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
 }
 
 } // namespace
@@ -145,15 +126,7 @@ void ToolBands::fillToolBar(const ToolBand& band)
     if (QToolButton* more = moreButton(*toolBar_)) {
         more->setFocusPolicy(Qt::TabFocus);
         more->setAccessibleName(tr("More tools"));
-        showMoreIcon();
     }
-}
-
-/// Qt's own picture of it is black, whatever the desktop's colours.
-void ToolBands::showMoreIcon()
-{
-    if (QToolButton* more = moreButton(*toolBar_))
-        more->setIcon(doubleArrow(palette().color(QPalette::ButtonText)));
 }
 
 QAction* ToolBands::newAction(const Tool& tool)
@@ -161,7 +134,7 @@ QAction* ToolBands::newAction(const Tool& tool)
     auto* action = new QAction(this);
     action->setObjectName(QString::fromStdString(tool.sId));
     if (!tool.sIcon.empty())
-        action->setIcon(QIcon(QString::fromStdString(tool.sIcon)));
+        action->setIcon(drawnIcon(QString::fromStdString(tool.sIcon)));
     connect(action, &QAction::triggered, this, [this, sId = tool.sId] {
         // The program says what is checked; the click alone changes nothing.
         showTool(pool_.tool(sId));
@@ -230,13 +203,6 @@ void ToolBands::showSideStrip()
 {
     for (BandMenu* menu : menus_)
         menu->setSideStrip(pool_.sideStrip() ? pool_.sideStrip()->pixmap() : QPixmap());
-}
-
-void ToolBands::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        showMoreIcon();
 }
 
 bool ToolBands::event(QEvent* event)

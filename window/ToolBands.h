@@ -38,7 +38,6 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void fillMenuBar(const ToolBand& band);
@@ -49,7 +48,6 @@ private:
     void showMenuTool(const Tool& tool);
     void showToolbarTool(const Tool& tool);
     void tidySeparators();
-    void showMoreIcon();
     void showSideStrip();
 
     ToolPool& pool_;

@@ -22,7 +22,7 @@ struct Tool {
     std::string sCategory;
     std::string sStatusText;
     std::string sToolTip;
-    /// A Qt icon file; none when empty.
+    /// A drawing of the resources, as drawnIcon takes it; none when empty.
     std::string sIcon;
     ToolType type = ToolType::button;
     /// The band that a tool of type 7 opens.

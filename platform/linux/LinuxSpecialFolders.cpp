@@ -100,9 +100,12 @@ LinuxSpecialFolders::LinuxSpecialFolders(DosPaths paths)
 std::string LinuxSpecialFolders::program()
 {
     const std::string given = environmentText("ZORVOBRENDLE_PROGRAM_DIR");
+    if (!programFolder_.empty() && given == programFolderGiven_)
+        return programFolder_;
+    programFolderGiven_ = given;
     for (const std::string& folder : {given, installedProgramFolder(), std::string(ZORVO_BUILD_PROGRAM_DIR)})
         if (folder.starts_with('/') && (isFolder(folder) || folder == given))
-            return shownFolder(folder);
+            return programFolder_ = shownFolder(folder);
     return {};
 }
 

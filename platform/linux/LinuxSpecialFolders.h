@@ -30,6 +30,9 @@ private:
 
     DosPaths paths_;
     std::string madeTemporary_;
+    /// Asked for with nearly every file; it stays where it is while the program runs.
+    std::string programFolder_;
+    std::string programFolderGiven_;
 };
 
 /// On a first start, when the key that names the user's application data folder isn't there: writes it, with

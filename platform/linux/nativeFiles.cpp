@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <climits>
@@ -75,20 +76,33 @@ FileDescriptor openPlainFile(const std::string& native)
 
 std::string readWholeFile(const std::string& native, std::size_t largest)
 {
-    constexpr std::size_t kPiece = 64U << 10U;
+    constexpr std::size_t kLeastPiece = 4U << 10U;
     const FileDescriptor file = openPlainFile(native);
-    std::string bytes;
+    struct stat status {};
+    if (fstat(file.get(), &status) != 0)
+        throwSystemError(errno);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (size > largest)
+        throw RunTimeError(kPathOrFileAccess);
+    // The size is a hint: a file that grows is read to its end, and one of /proc has none. One byte more, so
+    // that the end is seen without more room.
+    std::string bytes(size + 1, '\0');
+    std::size_t have = 0;
     for (;;) {
-        const std::size_t had = bytes.size();
-        bytes.resize(had + kPiece);
-        const ssize_t got = ::read(file.get(), bytes.data() + had, kPiece);
-        if (got < 0 && errno != EINTR)
+        if (have == bytes.size())
+            bytes.resize(have + std::max(have, kLeastPiece));
+        const ssize_t got = ::read(file.get(), bytes.data() + have, bytes.size() - have);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
             throwSystemError(errno);
-        bytes.resize(had + (got > 0 ? static_cast<std::size_t>(got) : 0));
-        if (bytes.size() > largest)
+        have += static_cast<std::size_t>(got);
+        if (have > largest)
             throw RunTimeError(kPathOrFileAccess);
-        if (got == 0)
+        if (got == 0) {
+            bytes.resize(have);
             return bytes;
+        }
     }
 }
 

@@ -20,8 +20,9 @@
 #include "support/SupportHost.h"
 #include "support/forms/frmAbout.h"
 #include "tree/LoadTree.h"
-#include "window/DarkIndicators.h"
 #include "window/MainFormGate.h"
+#include "window/WindowStyle.h"
+#include "window/drawnIcon.h"
 #include "window/pendingEvents.h"
 
 #include <QApplication>
@@ -32,6 +33,8 @@
 static void initPictures()
 {
     Q_INIT_RESOURCE(shellPictures);
+    Q_INIT_RESOURCE(toolIcons);
+    Q_INIT_RESOURCE(windowIcon);
     Q_INIT_RESOURCE(supportPictures);
 }
 
@@ -101,10 +104,10 @@ public:
 void installQtForms()
 {
     initPictures();
-    if (!dynamic_cast<DarkIndicators*>(QApplication::style()))
-        QApplication::setStyle(new DarkIndicators);
+    if (!dynamic_cast<WindowStyle*>(QApplication::style()))
+        QApplication::setStyle(new WindowStyle);
     // Of the windows that have none of their own.
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/brendle.svg")));
+    QApplication::setWindowIcon(drawnIcon(QStringLiteral(":/icons/brendle")));
     static QtShellForms forms;
     static QtMainFormGate gate;
     shellState().forms = &forms;

@@ -35,6 +35,7 @@
 #include "window/TreeView.h"
 #include "window/UiIds.h"
 #include "window/clsMousePointer.h"
+#include "window/drawnIcon.h"
 #include "window/guardedSlot.h"
 #include "window/spacing.h"
 #include "window/twips.h"
@@ -72,7 +73,7 @@ TemplateTree::TemplateTree()
     , tmEvent_([this] { runGuarded(this, [this] { handleEventTimer(*this); }); }, this)
 {
     setCaption(QStringLiteral("Zorvo's Brendle"));
-    setWindowIcon(QIcon(QStringLiteral(":/pictures/brendle.svg")));
+    setWindowIcon(drawnIcon(QStringLiteral(":/icons/brendle")));
     resize(kDefaultSize);
     setMinimumSize(kSmallestSize);
     buildControls();

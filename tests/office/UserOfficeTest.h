@@ -88,7 +88,10 @@ protected:
     const std::filesystem::path folder = desk.newFolder();
     TestScreen screen;
     ScopedVariable display{"DISPLAY", screen.display()};
-    // Its settings lie in a folder of each test's own, so that the offices of two tests never meet.
+    // Its settings lie in a folder of each test's own, so that the offices of two tests never meet. The
+    // office goes by a folder that is there alone; it would take one for all tests in the home folder
+    // otherwise.
+    const bool bHasSettings = std::filesystem::create_directory(folder / "config");
     ScopedVariable settings{"XDG_CONFIG_HOME", (folder / "config").string()};
     std::shared_ptr<Office> office = makeLibreOffice();
 

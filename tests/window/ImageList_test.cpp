@@ -146,6 +146,15 @@ TEST(Picture, ReadsBitmapsAndPngs)
         EXPECT_EQ(Picture::fromBytes(encoded(square(20, Qt::blue), format))->pixmap().size(), QSize(20, 20));
 }
 
+TEST(Picture, WithItsFirstSizeDamagedHasTheOthers)
+{
+    std::string file = iconFile({square(16, Qt::red), square(48, Qt::green)});
+    // The first size is said to lie behind the end of the file.
+    file.replace(6 + 12, 4, "\xFF\xFF\xFF\x7F");
+    const PicturePtr picture = Picture::fromBytes(file);
+    EXPECT_EQ(picture->pixmap().size(), QSize(48, 48));
+}
+
 TEST(Picture, RefusesBytesThatAreNoPicture)
 {
     const std::string png = encoded(square(64, Qt::blue), "PNG");

@@ -118,5 +118,28 @@ TEST_F(TextScrollAreaTest, ALabelMadeForItIsAsHighAsItsTextAndStandsAtTheTop)
     EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
+/// It remembers heights; each of these must make it forget them.
+TEST(MnemonicLabel, ItsHeightFollowsAllThatItDependsOn)
+{
+    MnemonicLabel label("lbl", QStringLiteral("a few words ").repeated(40));
+    const auto changes = [&label](const auto& change) {
+        const int nBefore = label.heightForWidth(300);
+        change();
+        return label.heightForWidth(300) != nBefore;
+    };
+    EXPECT_EQ(label.heightForWidth(300), label.QLabel::heightForWidth(300));
+    EXPECT_GT(label.heightForWidth(200), label.heightForWidth(300));
+    EXPECT_TRUE(changes([&] { label.setCaption(QStringLiteral("a few words ").repeated(80)); }));
+    EXPECT_TRUE(changes([&] {
+        QFont font = label.font();
+        font.setPointSize(2 * font.pointSize());
+        label.setFont(font);
+    }));
+    EXPECT_TRUE(changes([&] { label.setContentsMargins(0, 20, 0, 20); }));
+    EXPECT_TRUE(changes([&] { label.setMargin(9); }));
+    EXPECT_TRUE(changes([&] { label.setIndent(90); }));
+    EXPECT_TRUE(changes([&] { label.setWordWrap(false); }));
+}
+
 } // namespace
 } // namespace zorvo

@@ -333,24 +333,5 @@ TEST_F(ToolBandsTest, ToolsThatDoNotFitAreBehindAButtonOfTheirOwn)
     EXPECT_EQ(accessibleText(more), "More tools");
 }
 
-TEST_F(ToolBandsTest, TheButtonOfMoreToolsHasTheColourOfTheDesktopsText)
-{
-    const QToolButton& more = *bands_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-    const auto strongest = [&] {
-        const QImage picture = more.icon().pixmap(32).toImage();
-        QColor found(Qt::transparent);
-        for (int x = 0; x < picture.width(); ++x)
-            if (picture.pixelColor(x, picture.height() / 2).alpha() > found.alpha())
-                found = picture.pixelColor(x, picture.height() / 2);
-        return found;
-    };
-    for (const QColor& colour : {QColor(0xEF, 0xF0, 0xF1), QColor(0x10, 0x20, 0x30)}) {
-        QPalette desktop;
-        desktop.setColor(QPalette::ButtonText, colour);
-        bands_->setPalette(desktop);
-        EXPECT_EQ(strongest(), colour);
-    }
-}
-
 } // namespace
 } // namespace zorvo

@@ -1,9 +1,9 @@
 // Turns the drawings of a checkout into the picture files that the program loads.
 //
-//   zorvo-draw DRAWING.svg PICTURE.ico|PICTURE.bmp|PICTURE.png [DRAWING PICTURE ...]
+//   zorvo-draw [--size=N] DRAWING.svg PICTURE.ico|PICTURE.bmp|PICTURE.png [[--size=N] DRAWING PICTURE ...]
 //
-// An icon holds the drawing in every size that the windows ask for; a .bmp or .png has the drawing's own
-// size.
+// An icon holds the drawing in every size that the windows ask for; a .bmp or .png is N pixels wide and high,
+// or has the drawing's own size.
 
 #include <QBuffer>
 #include <QDir>
@@ -108,9 +108,10 @@ QByteArray icon(const QString& drawing)
     return file;
 }
 
-QByteArray picture(const QString& drawing, const QString& suffix)
+/// `size` is the side in pixels, or 0.
+QByteArray picture(const QString& drawing, const QString& suffix, int size)
 {
-    QImage image = draw(drawing, 0);
+    QImage image = draw(drawing, size);
     if (suffix == QStringLiteral("bmp")) {
         QImage opaque(image.size(), QImage::Format_RGB32);
         opaque.fill(Qt::white);
@@ -125,12 +126,12 @@ QByteArray picture(const QString& drawing, const QString& suffix)
     return bytes;
 }
 
-void convert(const QString& drawing, const QString& target)
+void convert(const QString& drawing, const QString& target, int size)
 {
     const QFileInfo info(target);
     QDir().mkpath(info.absolutePath());
     const QString suffix = info.suffix().toLower();
-    const QByteArray bytes = suffix == QStringLiteral("ico") ? icon(drawing) : picture(drawing, suffix);
+    const QByteArray bytes = suffix == QStringLiteral("ico") ? icon(drawing) : picture(drawing, suffix, size);
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         throw failure(target, file.errorString());
@@ -142,14 +143,18 @@ void convert(const QString& drawing, const QString& target)
 int main(int argc, char** argv)
 {
     const QGuiApplication application(argc, argv);
-    const QStringList arguments = QGuiApplication::arguments().mid(1);
-    if (arguments.isEmpty() || arguments.size() % 2 != 0) {
-        std::fputs("usage: zorvo-draw DRAWING PICTURE [DRAWING PICTURE ...]\n", stderr);
-        return 2;
-    }
+    const QString size = QStringLiteral("--size=");
+    const QStringList arguments = QGuiApplication::arguments();
     try {
-        for (qsizetype i = 0; i < arguments.size(); i += 2) {
-            convert(arguments[i], arguments[i + 1]);
+        for (qsizetype i = 1; i < arguments.size(); i += 2) {
+            const bool bSized = arguments[i].startsWith(size);
+            const int side = bSized ? arguments[i].mid(size.size()).toInt() : 0;
+            i += bSized ? 1 : 0;
+            if (i + 1 >= arguments.size() || (bSized && side <= 0)) {
+                std::fputs("usage: zorvo-draw [--size=N] DRAWING PICTURE [...]\n", stderr);
+                return 2;
+            }
+            convert(arguments[i], arguments[i + 1], side);
         }
     } catch (const std::exception& e) {
         std::fprintf(stderr, "zorvo-draw: %s\n", e.what());
