@@ -53,6 +53,7 @@ void ScrolledLabel::layOut(Lines& lines, int width) const
     QString text = laidOut_;
     text.replace(QLatin1Char('\n'), QChar::LineSeparator);
     lines.nWidth = width;
+    lines.layout.setCacheEnabled(true); // or the letters are put together once more to be painted
     lines.layout.setText(text);
     lines.layout.setFont(laidOutFont_);
     QTextOption option(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));

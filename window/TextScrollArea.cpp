@@ -1,6 +1,10 @@
 #include "window/TextScrollArea.h"
 
+#include <QEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+
+#include <utility>
 
 namespace zorvo {
 
@@ -39,6 +43,31 @@ QSize TextScrollArea::sizeHint() const
 QSize TextScrollArea::minimumSizeHint() const
 {
     return {0, kFewestLines * fontMetrics().lineSpacing()};
+}
+
+/// Each change of a text asks for a new layout, though few change anything but the height of the contents, if
+/// that; the base class would break the lines anew to find out.
+bool TextScrollArea::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::LayoutRequest)
+        return QScrollArea::viewportEvent(event);
+    const Wish before = std::exchange(wish_, {width(), heightForWidth(width()), widget()->minimumSizeHint()});
+    const bool bSame = wish_ == before;
+    // No scroll bar comes or goes.
+    const bool bFits = verticalScrollBar()->maximum() == 0 && wish_.nHeight <= viewport()->height() &&
+                       wish_.least.width() <= viewport()->width();
+    if (!bFits)
+        return QScrollArea::viewportEvent(event);
+    if (!bSame && widget()->sizePolicy().verticalPolicy() == QSizePolicy::Maximum) {
+        const QScopedValueRollback fitting(bFitting_, true);
+        widget()->resize(viewport()->width(), wish_.nHeight);
+    }
+    return true;
+}
+
+bool TextScrollArea::eventFilter(QObject* watched, QEvent* event)
+{
+    return !bFitting_ && QScrollArea::eventFilter(watched, event);
 }
 
 } // namespace zorvo

@@ -17,6 +17,23 @@ public:
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+protected:
+    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// What the contents want at a width.
+    struct Wish {
+        int nWidth = -1;
+        int nHeight = -1;
+        QSize least;
+
+        bool operator==(const Wish&) const = default;
+    };
+
+    Wish wish_;
+    bool bFitting_ = false;
 };
 
 } // namespace zorvo

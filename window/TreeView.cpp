@@ -1,16 +1,14 @@
 #include "window/TreeView.h"
 
-#include "window/spacing.h"
+#include "window/RowDelegate.h"
+#include "window/SliderScrollBar.h"
 
 #include <QImage>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QPixmap>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QTimer>
-
-#include <algorithm>
 
 namespace zorvo {
 
@@ -18,18 +16,6 @@ namespace {
 
 /// Above this many expansions at a time one layout of the whole tree is cheaper than one for each.
 constexpr int kExpandOneByOne = 8;
-
-/// Rows of one height, with or without an image, and with some air.
-class RowDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const int nContents = std::max(option.fontMetrics.height(), option.decorationSize.height());
-        return {QStyledItemDelegate::sizeHint(option, index).width(), nContents + kSpacing / 2};
-    }
-};
 
 bool isDark(const QPixmap& picture)
 {
@@ -53,6 +39,7 @@ TreeView::TreeView(const char* name, QWidget* parent)
     setSelectionMode(ExtendedSelection);
     setHorizontalScrollMode(ScrollPerPixel);
     setItemDelegate(new RowDelegate(this));
+    setVerticalScrollBar(new SliderScrollBar(Qt::Vertical, this));
     setModel(model_);
 
     connect(this, &QTreeView::expanded, this,

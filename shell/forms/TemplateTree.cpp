@@ -30,6 +30,7 @@
 #include "window/MnemonicLabel.h"
 #include "window/ScrolledLabel.h"
 #include "window/StatusPanels.h"
+#include "window/TextFrame.h"
 #include "window/TextScrollArea.h"
 #include "window/ToolBands.h"
 #include "window/TreeView.h"
@@ -137,7 +138,7 @@ void TemplateTree::buildDescription()
     lblContactUsClickLinkInstructions_->setWordWrap(false); // the link ends its line
     linkContactUs_ = new LinkLabel("linkContactUs", QStringLiteral("Contact Us"), fraInstructions_);
 
-    fraDesc_ = new QGroupBox(QStringLiteral("Description"), this);
+    fraDesc_ = new TextFrame(QStringLiteral("Description"), this);
     fraDesc_->setObjectName(QStringLiteral("fraDesc"));
     lblDesc_ = new ScrolledLabel("lblDesc", fraDesc_);
     lblDesc_->setAlignment(Qt::AlignTop | Qt::AlignLeft);

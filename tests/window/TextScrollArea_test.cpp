@@ -6,6 +6,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <set>
+
 namespace zorvo {
 namespace {
 
@@ -139,6 +141,39 @@ TEST(MnemonicLabel, ItsHeightFollowsAllThatItDependsOn)
     EXPECT_TRUE(changes([&] { label.setMargin(9); }));
     EXPECT_TRUE(changes([&] { label.setIndent(90); }));
     EXPECT_TRUE(changes([&] { label.setWordWrap(false); }));
+}
+
+class AskedLabel : public ScrolledLabel {
+public:
+    AskedLabel()
+        : ScrolledLabel("label", nullptr)
+    {
+    }
+    int heightForWidth(int width) const override
+    {
+        widths.insert(width);
+        return ScrolledLabel::heightForWidth(width);
+    }
+    mutable std::set<int> widths;
+};
+
+TEST_F(TextScrollAreaTest, ATextThatFitsIsBrokenIntoLinesForOneWidthOnly)
+{
+    QWidget window;
+    auto* label = new AskedLabel;
+    auto* area = new TextScrollArea(label, &window);
+    area->resize(300, 400);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const int words : {3, 30, 29, 3}) {
+        QCoreApplication::processEvents();
+        label->widths.clear();
+        label->setCaption(QStringLiteral("a few words ").repeated(words));
+        EXPECT_TRUE(waitUntil([&] { return label->height() == label->ScrolledLabel::heightForWidth(300); }))
+            << words;
+        QCoreApplication::processEvents();
+        EXPECT_EQ(label->widths, std::set<int>{300}) << words;
+    }
 }
 
 } // namespace
