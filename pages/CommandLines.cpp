@@ -20,8 +20,9 @@ void readAll(const std::function<void(const std::string&)>& take)
     while (std::getline(std::cin, sLine))
         QMetaObject::invokeMethod(
             qApp, [take, sLine] { take(sLine); }, Qt::QueuedConnection);
+    // Not by quit(), which closes windows first: ours lies in one of the program's, which waits for our end.
     QMetaObject::invokeMethod(
-        qApp, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+        qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
     std::this_thread::sleep_for(kTimeToEnd);
     std::_Exit(0);
 }

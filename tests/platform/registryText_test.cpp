@@ -286,12 +286,14 @@ TEST(RegistryText, ATextTooLargeForAValueIsDamage)
 
 TEST(RegistryText, AHexValueWithoutEndIsGivenUpOn)
 {
+    constexpr std::size_t kBytes = 4096;
+    std::string line;
+    for (std::size_t byte = 0; byte < kBytes; ++byte)
+        line += "0,";
+    line += "\\\n";
     std::string lines = kKey + "\"a\"=hex:";
-    for (std::size_t bytes = 0; bytes <= 2 * kLargestRegistryValue; bytes += 4096) {
-        for (int byte = 0; byte < 4096; ++byte)
-            lines += "0,";
-        lines += "\\\n";
-    }
+    for (std::size_t bytes = 0; bytes <= 2 * kLargestRegistryValue; bytes += kBytes)
+        lines += line;
     EXPECT_TRUE(failureOf(lines).ends_with(": the value is too large"));
 }
 

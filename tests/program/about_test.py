@@ -8,7 +8,7 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import SOURCE, ProgramTest, control, enabled, press, session, wait_for  # noqa: E402
+from session import PATIENCE, SOURCE, ProgramTest, control, enabled, press, session, wait_for  # noqa: E402
 
 VIEWER = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\SharedTools\\MSInfo\\Path"
 DOCUMENT = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\MSInfo.Document\\shell\\open\\command"
@@ -69,7 +69,7 @@ class About(RecordedTest):
         box = session.window("frmAbout")
         self.assertIsNone(client.poll(), "the call stays open while the box is up")
         press(control(box, "cmdOK"))
-        self.assertEqual(client.communicate(timeout=15), ("", ""))
+        self.assertEqual(client.communicate(timeout=PATIENCE), ("", ""))
         self.assertEqual(client.returncode, 0)
         time.sleep(2)
         self.assertEqual(session.owner(), process)
@@ -80,24 +80,24 @@ class About(RecordedTest):
         box = session.window("frmAbout")
         self.assertFalse(session.has_window("TemplateTree"))
         press(control(box, "cmdOK"))
-        self.assertEqual(client.communicate(timeout=15), ("", ""))
+        self.assertEqual(client.communicate(timeout=PATIENCE), ("", ""))
         self.assertEqual(client.returncode, 0)
-        session.wait_for_end(5)
+        session.wait_for_end()
         self.assertIsNone(session.setting("MainState"), "no main form was ever loaded")
         self.assertRegex(session.setting("Version"), r"^Version \d+\.\d+\.0\.\d+$")
 
     def test_by_its_own_class_without_a_main_window_the_process_ends_by_itself(self):
         client = session.start_brendle("call", "ZorvoTSelector.clsAbout", "show_QBK_About")
         press(control(session.window("frmAbout"), "cmdOK"))
-        self.assertEqual(client.communicate(timeout=15), ("", ""))
+        self.assertEqual(client.communicate(timeout=PATIENCE), ("", ""))
         self.assertEqual(client.returncode, 0)
-        session.wait_for_end(10)
+        session.wait_for_end()
 
     def test_escape_closes_it(self):
         client = session.start_brendle("about")
         session.active_window("frmAbout")
         session.key("Escape")
-        self.assertEqual(client.communicate(timeout=15), ("", ""))
+        self.assertEqual(client.communicate(timeout=PATIENCE), ("", ""))
         self.assertEqual(client.returncode, 0)
 
 
@@ -110,7 +110,7 @@ class Support(RecordedTest):
 
     def end(self, client, box):
         press(control(box, "cmdOK"))
-        self.assertEqual(client.communicate(timeout=15), ("", ""))
+        self.assertEqual(client.communicate(timeout=PATIENCE), ("", ""))
 
     def test_without_a_main_window_loads_it_hidden_and_the_process_ends_through_its_unload(self):
         client, box = self.press_support()
@@ -120,7 +120,7 @@ class Support(RecordedTest):
                                  r"There are no entries in the error log\.\r\n\r\n$")
         self.assertFalse(session.has_window("TemplateTree"))
         self.end(client, box)
-        session.wait_for_end(10)
+        session.wait_for_end()
         self.assertIsNotNone(session.setting("MainState"), "the normal way out saves the geometry")
 
     def test_beside_a_companys_window_the_report_carries_its_names(self):

@@ -6,7 +6,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import ProgramTest, session, wait_for  # noqa: E402
+from session import PATIENCE, ProgramTest, session, wait_for  # noqa: E402
 from offices import WaitingAddIn, convert, flat, office_documents  # noqa: E402
 
 
@@ -102,7 +102,7 @@ class Ended:
 
     def __exit__(self, *_):
         session.end_offices()
-        self.office.wait(30)
+        self.office.wait(PATIENCE)
 
 
 class UsersOffice(ProgramTest):
@@ -116,7 +116,7 @@ class UsersOffice(ProgramTest):
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as office, Ended(office):
             window = wait_for("the user's document", lambda: subprocess.run(
                 ["xdotool", "search", "--onlyvisible", "--name", "mine.odt"], env=session.env, capture_output=True,
-                text=True).stdout.split(), 60)[0]
+                text=True).stdout.split())[0]
             subprocess.run(["xdotool", "windowactivate", "--sync", window], env=session.env, check=True)
             wait_for("the saved text", lambda: self.text() == "saved words")
             session.type("unsaved words ")

@@ -48,7 +48,7 @@ def select(window, chosen):
         for name in documents:
             rows.walk(name, at, modifier)
             if modifier:
-                session.key("ctrl+space")
+                session.tap("ctrl+space")
             modifier = "ctrl+"
     every = [name for _, _, documents in chosen for name in documents]
     wait_for("the selection of %d rows" % len(every), lambda: rows.selected() == every)
@@ -68,7 +68,7 @@ def window_of_any_program(form):
                 if window and window.get_description() == "#" + form and showing(window):
                     return window
         return None
-    return wait_for("the window " + form, find, 60)
+    return wait_for("the window " + form, find)
 
 
 def text_of(accessible):
@@ -173,7 +173,7 @@ class BatchWindow(ProgramTest):
         self.open_entries(form, [0, 5])
         for title in (FILES[0], FILES[5]):
             wait_for("the office's window of " + title,
-                     lambda: any(title in each for each in session.office_windows()), 60)
+                     lambda: any(title in each for each in session.office_windows()))
         self.end_form(form)
 
     def test_the_next_batch_begins_with_the_remembered_folder_and_profile(self):
@@ -217,7 +217,7 @@ class BatchWindow(ProgramTest):
         session.screenshot("batch-missing-document")
         session.key("Return")
         wait_for("the office's window of the next one",
-                 lambda: any(FILES[3] in each for each in session.office_windows()), 60)
+                 lambda: any(FILES[3] in each for each in session.office_windows()))
         self.end_form(form)
 
 

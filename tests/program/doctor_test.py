@@ -29,7 +29,7 @@ class DoctorTest(unittest.TestCase):
             os.makedirs(os.path.join(self.home, name), mode=0o700)
         with open(self.home + "/config/user-dirs.dirs", "w", encoding="utf-8") as file:
             file.write('XDG_DOCUMENTS_DIR="$HOME/Documents"\n')
-        shutil.copytree(PROGRAM, self.program)
+        subprocess.run(["cp", "-r", PROGRAM, self.program], check=True)  # four times as quick as Python
         self.env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "ZORVOBRENDLE_", "DBUS_"))}
         self.env.update(
             LC_ALL="C.UTF-8", HOME=self.home, XDG_CONFIG_HOME=self.home + "/config", XDG_DATA_HOME=self.home + "/data",

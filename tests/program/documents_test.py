@@ -17,7 +17,7 @@ class OneDocument(ProgramTest):
         session.key("Down", "Down", "Down", "Right", "Down")
         wait_for("New Document to be enabled", lambda: enabled(control(window, "ID_NEW")))
         session.key("Return")
-        wait_for("the office's window", lambda: any(name.startswith("Untitled") for name in session.office_windows()), 60)
+        wait_for("the office's window", lambda: any(name.startswith("Untitled") for name in session.office_windows()))
         self.assertIsNotNone(session.owner())
         self.assertEqual(os.listdir(session.home + "/Documents"), ["Halvern House"], "nothing was saved")
         wait_for("the main window to be enabled again", lambda: enabled(control(window, "TreeView1")))

@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, ProgramTest, control, names, press, session, wait_for  # noqa: E402
+from session import BUILD, PATIENCE, ProgramTest, control, names, press, session, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
 PROGRAM = BUILD + "/program"
@@ -54,7 +54,7 @@ class Engagements(ProgramTest):
         """The client's output, the file, and that the process ends."""
         text = '<?xml version="1.0" encoding="utf-8" ?><selection path="%s">%s</selection>' % (path, element)
         expected = text.replace('"', "|")
-        out, error = self.client.communicate(timeout=20)
+        out, error = self.client.communicate(timeout=PATIENCE)
         self.assertEqual(self.client.returncode, 0, error)
         self.assertEqual(out, expected + "\n")
         with open(session.home + "/Documents/Halvern House/Brendle/DFS_DFK.txt", "rb") as file:
@@ -114,7 +114,7 @@ class Engagements(ProgramTest):
         for leave in (lambda window: press(control(window, "cmdCancel")), lambda _: session.key("Escape"),
                       lambda _: session.key("alt+F4")):
             leave(self.open())
-            out, error = self.client.communicate(timeout=20)
+            out, error = self.client.communicate(timeout=PATIENCE)
             self.assertEqual((self.client.returncode, out), (0, ""), error)
             self.assertFalse(os.path.exists(session.home + "/Documents/Halvern House/Brendle/DFS_DFK.txt"))
             session.wait_for_end()

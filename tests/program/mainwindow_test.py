@@ -7,7 +7,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import ProgramTest, control, enabled, names, press, session, showing, wait_for  # noqa: E402
+from session import PATIENCE, ProgramTest, control, enabled, names, press, session, showing, wait_for  # noqa: E402
 from gi.repository import Atspi  # noqa: E402
 
 
@@ -104,7 +104,7 @@ class MainWindow(ProgramTest):
         session.minimise()
         client = session.start_brendle("engagements")
         press(control(session.window("frmEngagementList"), "cmdCancel"))
-        error = client.communicate(timeout=15)[1]
+        error = client.communicate(timeout=PATIENCE)[1]
         self.assertEqual(client.returncode, 0, error)
         session.wait_for_end()
         self.assertEqual(self.stored_place(), [1500, 1200, 13500, 9000])
@@ -113,7 +113,7 @@ class MainWindow(ProgramTest):
     def test_the_search_dialog_hides_no_match_and_stays_above_the_window(self):
         self.store_place(600, 600, 12000, 9000)
         window = self.show()
-        press(control(window, "ID_SEARCHTREE"))
+        session.click(control(window, "ID_SEARCHTREE"))
         session.active_window("frmTreeSearch")
         session.type("e")
         before = None
@@ -138,7 +138,7 @@ class MainWindow(ProgramTest):
 
     def test_the_tree_is_searched_by_keyboard(self):
         window = self.show()
-        press(control(window, "ID_SEARCHTREE"))
+        session.click(control(window, "ID_SEARCHTREE"))
         session.active_window("frmTreeSearch")
         session.type("TRIAL bal")
         session.key("Return")
@@ -164,10 +164,10 @@ class MainWindow(ProgramTest):
     def test_blank_documents_open_in_the_users_own_office(self):
         window = self.show()
         press(control(window, "ID_WORD"))
-        wait_for("a blank text", lambda: any("Writer" in each for each in session.office_windows()), 60)
+        wait_for("a blank text", lambda: any("Writer" in each for each in session.office_windows()))
         wait_for("the window to be usable", lambda: enabled(control(window, "ID_EXCEL")))
         press(control(window, "ID_EXCEL"))
-        wait_for("a blank sheet", lambda: any("Calc" in each for each in session.office_windows()), 60)
+        wait_for("a blank sheet", lambda: any("Calc" in each for each in session.office_windows()))
         self.assertIsNotNone(session.owner())
 
     def test_the_view_menu_works_by_keyboard_and_shows_its_state(self):

@@ -71,7 +71,7 @@ def office_documents():
         return result if result.returncode == 0 else None
 
     documents = []
-    for line in wait_for("the office's answer", read, 30).stdout.splitlines():
+    for line in wait_for("the office's answer", read).stdout.splitlines():
         kind, _, text = line.partition(" ")
         if kind == "document":
             documents.append(Document())

@@ -13,7 +13,7 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import session, wait_for  # noqa: E402
+from session import PATIENCE, session, wait_for  # noqa: E402
 
 PAGES = {
     "/": "<a href='/next'>next</a>",
@@ -84,7 +84,7 @@ class PageProcess:
         self.number = 0
         self.lines = []
         threading.Thread(target=self._read, daemon=True).start()
-        wait_for("the process to say hello", lambda: self.lines, 30)
+        wait_for("the process to say hello", lambda: self.lines)
         self.say("show-in 0")
 
     def _read(self):
@@ -104,17 +104,17 @@ class PageProcess:
         self.number += 1
         self.say("navigate %d %s" % (self.number, address))
 
-    def told(self, count=1, seconds=20):
+    def told(self, count=1):
         """What is told of the page asked for last, once there is so much of it."""
         def find():
             found = [line.replace(" %d " % self.number, " ", 1).strip() for line in self.lines
                      if not line.startswith("hello") and line.split(" ")[1:2] == [str(self.number)]]
             return found if len(found) >= count else None
-        return wait_for("%d lines on page %d of %s" % (count, self.number, self.lines), find, seconds)
+        return wait_for("%d lines on page %d of %s" % (count, self.number, self.lines), find)
 
     def end(self):
         self.process.stdin.close()
-        self.process.wait(10)
+        self.process.wait(PATIENCE)
         self.process.stdout.close()
 
 
@@ -336,7 +336,7 @@ class End(unittest.TestCase):
             with open("/proc/%s/cmdline" % child, "rb") as file:
                 if b"--type=renderer" in file.read():
                     os.kill(int(child), signal.SIGKILL)
-        self.assertEqual(page.process.wait(10), 1)
+        self.assertEqual(page.process.wait(PATIENCE), 1)
         page.end()
 
     def test_nonsense_is_passed_over(self):

@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from session import BUILD, SOURCE, ProgramTest, control, descendants, press, session, showing, wait_for  # noqa: E402
+from session import BUILD, PATIENCE, SOURCE, ProgramTest, control, descendants, press, session, showing, wait_for  # noqa: E402
 from offices import office_documents  # noqa: E402
 
 sys.dont_write_bytecode = True
@@ -59,7 +59,7 @@ def question():
             if window and showing(window) and window.get_role() == Atspi.Role.ALERT:
                 return window
         return None
-    return wait_for("a message box", find, 60)
+    return wait_for("a message box", find)
 
 
 def box_text(box):
@@ -104,7 +104,7 @@ class SearchTest(ProgramTest):
         press(control(form, "SearchButton"))
 
     def assert_client_ends_well(self):
-        out, err = self.client.communicate(timeout=60)
+        out, err = self.client.communicate(timeout=PATIENCE)
         self.assertEqual((self.client.returncode, out, err), (0, "", ""))
         self.client = None
 
@@ -174,7 +174,7 @@ class FoundExamples(SearchTest):
         box = question()
         os.remove("%s/%s.rtf" % (folder, titles[-1]))
         press(button(box, "Yes"))
-        box = wait_for("the message", lambda: (lambda b: b if "Unable" in box_text(b) else None)(question()), 60)
+        box = wait_for("the message", lambda: (lambda b: b if "Unable" in box_text(b) else None)(question()))
         self.assertEqual(box_text(box).strip(),
                          "Unable to show examples. One or more of the example disclosure files are missing.")
         self.assertTrue(session.has_window("BuildDisclosureProgressForm"))
@@ -190,7 +190,7 @@ class FoundExamples(SearchTest):
         path = "%s/%s.rtf" % (folder, titles[0])
         os.truncate(path, os.path.getsize(path) // 2)
         press(button(box, "Yes"))
-        box = wait_for("the message", lambda: (lambda b: b if "Unable" in box_text(b) else None)(question()), 60)
+        box = wait_for("the message", lambda: (lambda b: b if "Unable" in box_text(b) else None)(question()))
         self.assertEqual(box_text(box).strip(), "Unable to create the example disclosure file.")
         press(button(box, "OK"))
         self.assert_client_ends_well()

@@ -25,9 +25,14 @@ BUS_CONFIG = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Config
 <allow own="*"/></policy></busconfig>"""
 
 
-def wait_for(what, condition, seconds=15.0):
+# How long a test waits for what must come: other tests run beside it, perhaps on a slow machine.
+PATIENCE = 60
+
+
+def wait_for(what, condition, seconds=PATIENCE):
     """Asks until the answer is true and gives it; fails with `what` after that many seconds."""
     end = time.monotonic() + seconds
+    pause = 0.005
     while True:
         try:
             answer = condition()
@@ -37,7 +42,8 @@ def wait_for(what, condition, seconds=15.0):
             return answer
         if time.monotonic() > end:
             raise AssertionError("waited %.0f s in vain for %s" % (seconds, what))
-        time.sleep(0.05)
+        time.sleep(pause)
+        pause = min(2 * pause, 0.05)
 
 
 class Session:
@@ -67,6 +73,8 @@ class Session:
         with os.fdopen(read) as number:
             self.env["DISPLAY"] = ":" + number.readline().strip()
         self._start(["openbox"])
+        wait_for("the window manager", lambda: "window id" in subprocess.run(
+            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True, text=True).stdout)
 
     def _start_bus(self):
         config = self.folder + "/bus.conf"
@@ -83,6 +91,8 @@ class Session:
         self.env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         os.environ.update(self.env)
         Atspi.init()
+        # A program that has no processor for a while isn't a dead one.
+        Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
 
     def _start(self, command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
@@ -92,19 +102,26 @@ class Session:
 
     def new_home(self, splash=False):
         shutil.rmtree(self.home, ignore_errors=True)
+        fresh = self.folder + "/fresh"
+        if not os.path.exists(fresh):
+            self._make_home()
+            os.rename(self.home, fresh)
+        shutil.copytree(fresh, self.home, symlinks=True)
+        if not splash:
+            self.brendle("setting", "set", "DisplaySplash", "False")
+
+    def _make_home(self):
         for name in ("config", "data", "cache", "machine", "Documents"):
             os.makedirs(os.path.join(self.home, name))
         with open(self.home + "/config/user-dirs.dirs", "w", encoding="utf-8") as file:
             file.write('XDG_DOCUMENTS_DIR="$HOME/Documents"\n')
         self.brendle("registry", "import", BUILD + "/program/sample.reg")
-        if not splash:
-            self.brendle("setting", "set", "DisplaySplash", "False")
 
     def end(self):
         self.end_program()
         for process in reversed(self.processes):
             process.terminate()
-            process.wait(10)
+            process.wait(PATIENCE)
             if process.stdout:
                 process.stdout.close()
         shutil.rmtree(self.folder, ignore_errors=True)
@@ -114,7 +131,7 @@ class Session:
     def brendle(self, *arguments, check=True, env=None):
         """Runs `brendle` to its end and gives the finished process with its output as text."""
         result = subprocess.run(["brendle", *arguments], env={**self.env, **(env or {})}, capture_output=True,
-                                text=True, encoding="utf-8", timeout=60)
+                                text=True, encoding="utf-8", timeout=PATIENCE)
         if check and result.returncode != 0:
             raise AssertionError("brendle %s: %d %s" % (" ".join(arguments), result.returncode, result.stderr))
         return result
@@ -137,8 +154,8 @@ class Session:
             env=self.env, capture_output=True, text=True)
         return int(result.stdout.split()[-1]) if result.returncode == 0 else None
 
-    def wait_for_end(self, seconds=15.0):
-        wait_for("the end of the program", lambda: self.owner() is None, seconds)
+    def wait_for_end(self):
+        wait_for("the end of the program", lambda: self.owner() is None)
 
     def end_program(self):
         process = self.owner()
@@ -169,6 +186,8 @@ class Session:
                 os.kill(process, 9)
             except ProcessLookupError:
                 pass
+        # One that is still going would write into the next test's home.
+        wait_for("the offices to go", lambda: not self.offices(private=True) + self.offices(private=False))
 
     def office_windows(self):
         """Titles of its windows that can be seen."""
@@ -241,6 +260,16 @@ class Session:
             subprocess.run(["xdotool", "key", "--delay", "40", key], env=self.env, check=True)
             time.sleep(0.08)
 
+    def tap(self, key):
+        """One key as fast as it goes, for a caller who then waits for what it does."""
+        subprocess.run(["xdotool", "key", "--delay", "0", key], env=self.env, check=True)
+
+    def click(self, accessible):
+        """With the mouse. A tool that brings up a dialog answers an assistive program only when that has gone."""
+        place = accessible.get_extents(Atspi.CoordType.SCREEN)
+        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
+                        "click", "1"], env=self.env, check=True)
+
     def screenshot(self, name):
         folder = BUILD + "/test-screenshots"
         os.makedirs(folder, exist_ok=True)
@@ -255,7 +284,7 @@ class Session:
                 return child
         return None
 
-    def window(self, form, seconds=15.0):
+    def window(self, form, seconds=PATIENCE):
         """The showing window of a form's name."""
         def find():
             application = self.application()
@@ -285,7 +314,7 @@ class Session:
                 return True
         return False
 
-    def box(self, seconds=15.0):
+    def box(self, seconds=PATIENCE):
         """The message box, once it has the keyboard."""
         def find():
             application = self.application()
@@ -339,7 +368,8 @@ def enabled(accessible):
 
 
 def press(accessible):
-    """The first action that presses it, as an assistive program would."""
+    """The first action that presses it, as an assistive program would, once it can be pressed."""
+    wait_for("%s to be enabled" % accessible.get_name(), lambda: enabled(accessible))
     for i in range(accessible.get_n_actions()):
         if accessible.get_action_name(i).lower() in ("press", "toggle", "click"):
             try:

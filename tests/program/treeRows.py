@@ -35,7 +35,7 @@ class Rows:
         to = self.names().index(name, start)
         while self.at != to:
             step = 1 if to > self.at else -1
-            session.key(modifier + ("Down" if step > 0 else "Up"))
+            session.tap(modifier + ("Down" if step > 0 else "Up"))
             self.wait_until_current(self.at + step)
         return to
 
