@@ -41,7 +41,7 @@ private:
 };
 
 /// Waits, with the event loop running, until the condition holds; false when it doesn't within the time.
-bool waitUntil(const std::function<bool()>& condition, int nMilliseconds = 10000);
+bool waitUntil(const std::function<bool()>& condition, int nMilliseconds = 30000);
 
 /// The server's name has an owner on that bus.
 bool isServed(const QString& address, const QString& busName = QStringLiteral("com.zorvo.TSelector"));

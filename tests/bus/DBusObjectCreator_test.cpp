@@ -125,7 +125,7 @@ TEST_F(ObjectCreatorOnTheBus, CannotCreateWhatNobodyRegistered)
     EXPECT_EQ(failure([&] { creator_.createByProgId("Test.NoServer"); }), kCannotCreateObject);
     enter("Test.Malformed", "{33333333-0000-0000-0000-000000000000}", "no bus name at all");
     EXPECT_EQ(failure([&] { creator_.createByProgId("Test.Malformed"); }), kCannotCreateObject);
-    EXPECT_LT(time.elapsed(), 2000);
+    EXPECT_LT(time.elapsed(), 20000); // no time-out of the bus
 }
 
 TEST_F(ObjectCreatorOnTheBus, CannotCreateWhenTheServerDoesNotComeUp)
@@ -135,7 +135,7 @@ TEST_F(ObjectCreatorOnTheBus, CannotCreateWhenTheServerDoesNotComeUp)
     QElapsedTimer time;
     time.start();
     EXPECT_EQ(failure([&] { creator_.createByProgId("Test.Broken"); }), kCannotCreateObject);
-    EXPECT_LT(time.elapsed(), 5000);
+    EXPECT_LT(time.elapsed(), 20000);
     sharedBus().removeService(QStringLiteral("com.zorvo.Broken"));
 }
 

@@ -326,7 +326,7 @@ TEST_F(EngagementForm, ComesUpOnTopOfAllWindows)
 {
     form.showModeless();
     ASSERT_TRUE(
-        QTest::qWaitFor([this] { return form.windowFlags().testFlag(Qt::WindowStaysOnTopHint); }, 2000));
+        QTest::qWaitFor([this] { return form.windowFlags().testFlag(Qt::WindowStaysOnTopHint); }, 20000));
 }
 
 TEST_F(EngagementForm, AFailureOfTheChoiceReachesTheCallerOfTheShow)

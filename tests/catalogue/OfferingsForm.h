@@ -46,7 +46,7 @@ protected:
     {
         form = std::make_unique<frmAllProducts>();
         form->showModeless();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 20000));
         return *form;
     }
     /// The same, with the first page there.

@@ -72,7 +72,7 @@ TEST_F(OfferingsForm, TheFirstOfferingsPageShowsAtActivationAndOnlyThen)
     form->load();
     EXPECT_THAT(engine->navigated, IsEmpty());
     form->showModeless();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 20000));
     EXPECT_THAT(engine->navigated, ElementsAre(offline("AUD")));
     EXPECT_EQ(goMousePointer().MousePointer(), 13);
 }
@@ -325,9 +325,9 @@ TEST_F(OfferingsForm, AnotherActivationShowsTheSelectedNodesPageAgain)
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, 20000));
     form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 20000));
     EXPECT_THAT(engine->navigated, ElementsAre(offline("REV")));
 }
 
@@ -338,19 +338,19 @@ TEST_F(OfferingsForm, TheMessageOfAFailureIsNoOtherWindow)
     messages.whileBoxIsUp = [&] {
         box.show();
         box.activateWindow();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 2000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 20000));
     };
     engine->listener->pageFailed(offline("AUD"));
     box.hide();
     form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->isActiveWindow(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form->isActiveWindow(); }, 20000));
     EXPECT_THAT(engine->navigated, IsEmpty()) << "it would fail again, and again";
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, 20000));
     form->activateWindow();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return engine->navigated.size() == 1; }, 2000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return engine->navigated.size() == 1; }, 20000));
 }
 
 TEST_F(OfferingsForm, SearchOpensTheReportMaximisedAndLetsGoOfTheOffice)

@@ -41,7 +41,7 @@ protected:
                     offerings = window;
             }
             ASSERT_NE(offerings, nullptr);
-            EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 2000));
+            EXPECT_TRUE(QTest::qWaitFor([this] { return !engine->navigated.empty(); }, 20000));
             if (!engine->navigated.empty())
                 look(*offerings);
             offerings->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();

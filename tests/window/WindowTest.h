@@ -15,10 +15,11 @@
 
 namespace zorvo {
 
-/// Serves events until the condition holds; false when it doesn't within two seconds.
+/// Serves events until the condition holds; false when it doesn't within twenty seconds, which only a failure
+/// takes.
 inline bool waitUntil(const std::function<bool()>& condition)
 {
-    return QTest::qWaitFor(condition, 2000);
+    return QTest::qWaitFor(condition, 20000);
 }
 
 template <typename Call>
