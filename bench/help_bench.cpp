@@ -1,5 +1,6 @@
 #include "help/viewer/HelpDesk.h"
 #include "help/viewer/HelpService.h"
+#include "platform/linux/FontListAhead.h"
 #include "platform/linux/SettingsFile.h"
 
 #include <QApplication>
@@ -8,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -72,9 +74,14 @@ int showHelp(const QString& file)
 /// viewer's with its contents and its page, and ends.
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
     const bool bViewer = argc > 2 && QByteArrayView(argv[1]) == "viewer";
+    std::optional<zorvo::FontListAhead> fonts;
+    if (bViewer)
+        fonts.emplace();
+    QApplication application(argc, argv);
+    if (fonts)
+        fonts->wait();
+    QApplication::setQuitOnLastWindowClosed(false);
     FirstPaint firstPaint(bViewer ? QStringList{QStringLiteral("Contents"), QStringLiteral("Page")}
                                   : QStringList{QStringLiteral("bare")});
     application.installEventFilter(&firstPaint);

@@ -3,12 +3,12 @@
 #include "platform/Platform.h"
 #include "platform/linux/DBusObjectCreator.h"
 #include "platform/linux/DBusObjectService.h"
+#include "platform/linux/FontListAhead.h"
 #include "platform/linux/LibreOffice.h"
 #ifndef ZORVO_WITHOUT_OFFERINGS
 #include "platform/linux/PageProcess.h"
 #include "platform/linux/environmentFolders.h"
 #endif
-#include "platform/linux/fontList.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
 #include "shell/ShellForms.h"
@@ -24,7 +24,7 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
+#include <optional>
 
 namespace {
 
@@ -121,12 +121,12 @@ int showProgram()
 int main(int argc, char** argv)
 {
     const bool bProgram = argc > 1 && QByteArrayView(argv[1]) == "program";
-    std::jthread fonts;
+    std::optional<zorvo::FontListAhead> fonts;
     if (bProgram)
-        fonts = zorvo::readFontListAhead();
+        fonts.emplace();
     QApplication application(argc, argv);
-    if (fonts.joinable())
-        fonts.join();
+    if (fonts)
+        fonts->wait();
     QApplication::setQuitOnLastWindowClosed(false);
     FirstPaint firstPaint(argc > 2 && QByteArrayView(argv[2]) == "memory");
     application.installEventFilter(&firstPaint);

@@ -1,6 +1,7 @@
 #include "help/viewer/HelpDesk.h"
 #include "help/viewer/HelpService.h"
 #include "platform/Launcher.h"
+#include "platform/linux/FontListAhead.h"
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/SettingsFile.h"
 #include "platform/linux/environmentFolders.h"
@@ -62,7 +63,9 @@ void openWeb(const QString& address)
 
 int main(int argc, char** argv)
 {
+    FontListAhead fonts;
     const QApplication application(argc, argv);
+    fonts.wait();
     QApplication::setApplicationName(QStringLiteral("brendle-help"));
     QApplication::setDesktopFileName(QStringLiteral("com.zorvo.Help"));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -4,12 +4,12 @@
 #include "platform/Platform.h"
 #include "platform/linux/DBusObjectCreator.h"
 #include "platform/linux/DBusObjectService.h"
+#include "platform/linux/FontListAhead.h"
 #include "platform/linux/LibreOffice.h"
 #include "platform/linux/LinuxHelpViewer.h"
 #include "platform/linux/PageProcess.h"
 #include "platform/linux/display.h"
 #include "platform/linux/environmentFolders.h"
-#include "platform/linux/fontList.h"
 #include "platform/linux/linuxPlatform.h"
 #include "shell/ReportError.h"
 #include "shell/automationClasses.h"
@@ -19,7 +19,6 @@
 #include <QApplication>
 
 #include <iostream>
-#include <thread>
 
 /// The automation server. The object service of the platform starts it for a first client; it has no command
 /// line.
@@ -29,10 +28,9 @@ int main(int argc, char** argv)
         std::cerr << "zorvobrendle: there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set\n";
         return 1;
     }
-    std::jthread fonts = zorvo::readFontListAhead();
+    zorvo::FontListAhead fonts;
     const QApplication application(argc, argv);
-    if (fonts.joinable())
-        fonts.join();
+    fonts.wait();
     QApplication::setApplicationName(QStringLiteral("zorvobrendle"));
     QApplication::setDesktopFileName(QStringLiteral("com.zorvo.TSelector"));
     QApplication::setQuitOnLastWindowClosed(false);
