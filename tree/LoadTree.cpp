@@ -31,9 +31,10 @@ void loadImages(TreeNodes& tree, ListBarGroups* listBar, bool bAllOfferings)
 {
     if (!bAllOfferings && treeState().bListBarLoaded)
         return;
-    if (!bAllOfferings && listBar)
+    const bool bForListBar = !bAllOfferings && listBar;
+    if (bForListBar)
         LoadListBarImages(*listBar);
-    LoadTreeImages(tree);
+    LoadTreeImages(tree, bForListBar ? &listBar->images() : nullptr);
 }
 
 std::shared_ptr<const LibraryDocument> centralLibrary()

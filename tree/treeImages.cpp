@@ -23,11 +23,13 @@ std::vector<std::string> iconFiles()
     return records;
 }
 
-void addIcons(ImageList& images)
+/// `read` may hold pictures of the same files.
+void addIcons(ImageList& images, const ImageList* read = nullptr)
 {
     for (const std::string& sPath : iconFiles()) {
         const std::string sName = sGetFileName(trimBlanks(sPath), false);
-        PicturePtr picture = LoadBrandedPicture(sName);
+        const int nRead = read ? read->indexOf(sName) : -1;
+        PicturePtr picture = nRead >= 1 ? read->item(nRead).picture : LoadBrandedPicture(sName);
         // The loader has told the user about a file that is no picture; a list entry can't be made of it.
         if (!picture)
             throw RunTimeError(kInvalidPicture);
@@ -37,10 +39,10 @@ void addIcons(ImageList& images)
 
 } // namespace
 
-void LoadTreeImages(TreeNodes& tree)
+void LoadTreeImages(TreeNodes& tree, const ImageList* read)
 {
     try {
-        addIcons(tree.images());
+        addIcons(tree.images(), read);
     } catch (const RunTimeError& error) {
         recordFailure(error);
         ReportError("TreeSupport.LoadTreeImages");

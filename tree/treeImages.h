@@ -6,12 +6,14 @@
 /// installation changes every picture by replacing files.
 namespace zorvo {
 
+class ImageList;
 class ListBarGroups;
 class TreeNodes;
 
 /// Adds the icons to the tree's image list. A failure is reported, and what was added before it stays; a tree
-/// that has its icons already fails at the first.
-void LoadTreeImages(TreeNodes& tree);
+/// that has its icons already fails at the first. `read` may be the list bar's, when that has just been
+/// loaded: no file is read twice.
+void LoadTreeImages(TreeNodes& tree, const ImageList* read = nullptr);
 /// Replaces the list bar's icons; failures as above.
 void LoadListBarImages(ListBarGroups& listBar);
 

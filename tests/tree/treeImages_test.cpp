@@ -96,6 +96,18 @@ TEST_F(TreeImagesTest, ASecondLoadOfTheListBarsImagesReplacesThem)
     EXPECT_THAT(messages.tags(), IsEmpty());
 }
 
+TEST_F(TreeImagesTest, TheTreeTakesWhatTheListBarHasReadAndReadsTheRest)
+{
+    addIcon("Word16.ico");
+    LoadListBarImages(listBar);
+    addIcon("Excel16.ico");
+    LoadTreeImages(tree, &listBar.images());
+    ASSERT_EQ(keysOf(tree.images()), systemOrder());
+    EXPECT_EQ(tree.images().item(GetTreeImageIndex(tree, "Word16.ico")).picture,
+              listBar.images().item(1).picture);
+    EXPECT_TRUE(tree.images().item(GetTreeImageIndex(tree, "Excel16.ico")).picture);
+}
+
 TEST_F(TreeImagesTest, AFileThatIsNoPictureEndsTheLoadingOfTheRest)
 {
     addIcon("a.ico");
