@@ -53,6 +53,9 @@ bool TextScrollArea::viewportEvent(QEvent* event)
         return QScrollArea::viewportEvent(event);
     const Wish before = std::exchange(wish_, {width(), heightForWidth(width()), widget()->minimumSizeHint()});
     const bool bSame = wish_ == before;
+    // The base class keeps it to itself; but what takes all the room there is takes it for any text.
+    if (!bSame && !(sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag))
+        updateGeometry();
     // No scroll bar comes or goes.
     const bool bFits = verticalScrollBar()->maximum() == 0 && wish_.nHeight <= viewport()->height() &&
                        wish_.least.width() <= viewport()->width();

@@ -36,7 +36,9 @@ MainFormLayout::~MainFormLayout() = default;
 void MainFormLayout::setPart(Part part, QWidget* widget)
 {
     addChildWidget(widget);
-    items_[static_cast<std::size_t>(part)] = std::make_unique<QWidgetItem>(widget);
+    // This kind of item keeps the sizes of its widget until that one says that they have changed: a tool that
+    // is enabled makes a new layout, for which the other parts needn't be measured again.
+    items_[static_cast<std::size_t>(part)] = std::make_unique<QWidgetItemV2>(widget);
 }
 
 /// Parts come by setPart alone.

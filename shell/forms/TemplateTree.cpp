@@ -169,6 +169,7 @@ void TemplateTree::layOutDescription()
     descriptionArea_ = new TextScrollArea(lblDesc_, fraDesc_);
     descriptionArea_->setObjectName(QStringLiteral("descriptionArea"));
     descriptionArea_->setAccessibleName(fraDesc_->title());
+    descriptionArea_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     fill(*fraDesc_, *descriptionArea_);
 }
 

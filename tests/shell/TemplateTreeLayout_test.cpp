@@ -151,6 +151,20 @@ TEST_F(TemplateTreeLayout, ALargeFontScrollsTheInstructionsAndCoversNothing)
     QApplication::setFont(before);
 }
 
+TEST_F(TemplateTreeLayout, OtherInstructionsTakeTheRoomThatTheyNeed)
+{
+    showAt(1280, 800);
+    auto& label = control<MnemonicLabel>("lblInstructions");
+    const QString shorter = label.caption();
+    const QRect before = placeOf("fraInstructions");
+    label.setCaption(shorter + shorter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return placeOf("fraInstructions").height() > before.height(); }));
+    expectWhole();
+    label.setCaption(shorter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return placeOf("fraInstructions") == before; }));
+    expectWhole();
+}
+
 TEST_F(TemplateTreeLayout, TheProgressBarStandsOverTheStatusBarAtAnySize)
 {
     showAt(800, 600);

@@ -143,6 +143,39 @@ TEST(MnemonicLabel, ItsHeightFollowsAllThatItDependsOn)
     EXPECT_TRUE(changes([&] { label.setWordWrap(false); }));
 }
 
+TEST_F(TextScrollAreaTest, ATextOfAnotherHeightMovesWhatStandsBelow)
+{
+    show(300, 900);
+    const int nBefore = area_->height();
+    label_->setCaption(QStringLiteral("a few words ").repeated(80));
+    EXPECT_TRUE(waitUntil([&] { return area_->height() > nBefore; }));
+    EXPECT_EQ(area_->height(), label_->heightForWidth(area_->width()));
+    label_->setCaption(QStringLiteral("a few words"));
+    EXPECT_TRUE(waitUntil([&] { return area_->height() < nBefore; }));
+}
+
+class LayoutRequests : public QObject {
+public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        nCount += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return false;
+    }
+    int nCount = 0;
+};
+
+TEST_F(TextScrollAreaTest, NoTextMovesAnythingWhereTheAreaTakesAllTheRoomThereIs)
+{
+    area_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    show(300, 900);
+    QCoreApplication::processEvents();
+    LayoutRequests requests;
+    window_.installEventFilter(&requests);
+    label_->setCaption(QStringLiteral("a few words ").repeated(4));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(requests.nCount, 0);
+}
+
 class AskedLabel : public ScrolledLabel {
 public:
     AskedLabel()
