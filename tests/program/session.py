@@ -232,24 +232,28 @@ class Session:
         return [subprocess.run(["xprop", "-notype", "-id", each, "WM_CLASS"], env=self.env, capture_output=True,
                                text=True, check=True).stdout.strip() for each in ids]
 
+    def active(self):
+        """The active window's id, once the window manager has told it: a program may know before."""
+        def told():
+            result = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True)
+            return result.stdout.strip() if result.returncode == 0 and result.stdout.strip() != "0" else None
+        return wait_for("an active window", told)
+
     def move(self, window, left, top, width, height):
         """The active window, by its window manager; until it is there."""
-        active = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
-                                check=True).stdout.strip()
+        active = self.active()
         subprocess.run(["xdotool", "windowsize", "--sync", active, str(width), str(height)], env=self.env, check=True)
         subprocess.run(["xdotool", "windowmove", active, str(left), str(top)], env=self.env, check=True)
         wait_for("the new place", lambda: self.place(window) == (left, top, width, height))
 
     def minimise(self):
         """The active window, by its window manager."""
-        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
-                                check=True).stdout.strip()
+        window = self.active()
         subprocess.run(["xdotool", "windowminimize", "--sync", window], env=self.env, check=True)
 
     def owner_window(self):
         """Title of the window that the active one stands above, or None."""
-        window = subprocess.run(["xdotool", "getactivewindow"], env=self.env, capture_output=True, text=True,
-                                check=True).stdout.strip()
+        window = self.active()
         owner = re.search(r"0x[0-9a-f]+", subprocess.run(["xprop", "-id", window, "WM_TRANSIENT_FOR"], env=self.env,
                                                          capture_output=True, text=True).stdout)
         return owner and subprocess.run(["xdotool", "getwindowname", str(int(owner[0], 16))], env=self.env,
