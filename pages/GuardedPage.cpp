@@ -164,6 +164,13 @@ void GuardedPage::follow(const QWebEngineLoadingInfo& info)
         Q_EMIT pageStarted();
         return;
     }
+    // A page that takes over from one under way begins without a word.
+    if (state_ == State::asked && info.status() == QWebEngineLoadingInfo::LoadSucceededStatus &&
+        info.url() == underWay_)
+        askWhetherItIsNew([this](bool bNew) {
+            if (bNew && state_ == State::asked && url() == underWay_)
+                finish(url());
+        });
     // What the engine still tells of a page before the one asked for, or of one that was given up.
     if (state_ == State::asked || state_ == State::quiet)
         return;
@@ -197,18 +204,25 @@ void GuardedPage::takeSilence()
         stop();
         return;
     }
-    // A page that is there may go without the pictures that still keep it waiting. It is there when its own
-    // clock started after it was asked for.
+    // A page that is there may go without the pictures that still keep it waiting.
     lastWord_.start();
+    askWhetherItIsNew([this](bool bNew) {
+        if (!lastWord_.isActive())
+            return;
+        if (bNew)
+            finish(url());
+        else
+            fail(underWay_);
+    });
+}
+
+void GuardedPage::askWhetherItIsNew(const std::function<void(bool)>& take)
+{
     runJavaScript(QStringLiteral("performance.timeOrigin"), QWebEngineScript::ApplicationWorld,
-                  [page = QPointer<GuardedPage>(this)](const QVariant& begun) {
+                  [page = QPointer<GuardedPage>(this), take](const QVariant& begun) {
                       constexpr double kClocksDifferMs = 50;
-                      if (!page || !page->lastWord_.isActive())
-                          return;
-                      if (begun.toDouble() > static_cast<double>(page->nAsked_) - kClocksDifferMs)
-                          page->finish(page->url());
-                      else
-                          page->fail(page->underWay_);
+                      if (page)
+                          take(begun.toDouble() > static_cast<double>(page->nAsked_) - kClocksDifferMs);
                   });
 }
 

@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <QWebEnginePage>
 
+#include <functional>
+
 namespace zorvo {
 
 class FolderScheme;
@@ -53,6 +55,8 @@ private:
     void follow(const QWebEngineLoadingInfo& info);
     void takeStop();
     void takeSilence();
+    /// Whether the page that stands began after the one under way was asked for, by the page's own clock.
+    void askWhetherItIsNew(const std::function<void(bool)>& take);
     void finish(const QUrl& address);
     void fail(const QUrl& address, bool bNothingToShow = true);
     void stop();

@@ -204,6 +204,18 @@ class Addresses(PageTest):
         time.sleep(1)
         self.assertEqual(self.page.told(), ["finished " + addresses[-1]])
 
+    def test_one_that_takes_over_from_a_page_under_way_is_told_before_that_would_be_given_up(self):
+        address = self.write("HTML/own.htm", "hello")
+        beside = PageProcess()
+        self.addCleanup(beside.end)
+        for page in (beside, self.page):
+            asked = len(Site.asked)
+            page.ask(site + "/hang")
+            wait_for("the request", lambda: len(Site.asked) > asked)
+        self.assertEqual(self.page.navigate(address), "finished " + address)
+        self.assertFalse([line for line in beside.lines if not line.startswith(("hello", "focus"))],
+                         "the other one waits still")
+
     def test_the_same_page_twice_in_a_row_is_told_once(self):
         self.page.ask(site + "/slow-picture")
         self.page.ask(site + "/")
