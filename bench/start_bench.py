@@ -13,7 +13,7 @@ import tempfile
 import time
 
 BUILD = os.path.abspath(sys.argv[1])
-ROUNDS = 15
+ROUNDS = 41
 LIMIT = 1.8
 
 
