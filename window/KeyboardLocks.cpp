@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <cstdlib>
 #include <memory>
@@ -69,7 +70,8 @@ bool KeyboardLocks::eventFilter(QObject* watched, QEvent* event)
         else if (isLockKey(key->key()))
             refresh();
     } else if (event->type() == QEvent::FocusIn && watched->isWindowType()) {
-        refresh();
+        // Not at once: the server answers when it has shown the window, which has more to do until then.
+        QTimer::singleShot(0, this, &KeyboardLocks::refresh);
     }
     return false;
 }

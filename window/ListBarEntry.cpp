@@ -36,9 +36,14 @@ QRect ListBarEntry::captionArea(int width) const
 {
     constexpr int kTop = kSpacing + kIconSize + kSpacing / 2;
     constexpr int kUnlimited = 10000;
-    const QRect room(kSpacing / 2, kTop, width - kSpacing, kUnlimited);
-    const QRect needed = fontMetrics().boundingRect(room, kTextFlags, caption_);
-    return {room.left(), kTop, room.width(), needed.height()};
+    if (font() != font_) {
+        font_ = font();
+        heights_.forget();
+    }
+    const int nHeight = heights_.at(width - kSpacing, [this](int nWidth) {
+        return fontMetrics().boundingRect(QRect(0, 0, nWidth, kUnlimited), kTextFlags, caption_).height();
+    });
+    return {kSpacing / 2, kTop, width - kSpacing, nHeight};
 }
 
 int ListBarEntry::heightForWidth(int width) const

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "window/KnownHeights.h"
+
 #include <QAbstractButton>
+#include <QFont>
 
 namespace zorvo {
 
@@ -26,6 +29,8 @@ private:
     QRect captionArea(int width) const;
 
     QString caption_;
+    mutable QFont font_;
+    mutable KnownHeights heights_;
 };
 
 } // namespace zorvo

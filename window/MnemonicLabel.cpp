@@ -38,15 +38,14 @@ int MnemonicLabel::heightForWidth(int width) const
     Measured now{text(), font(), contentsMargins(), margin(), indent(), wordWrap()};
     if (now != measured_) {
         measured_ = std::move(now);
-        heights_ = {};
+        heights_.forget();
     }
-    for (const Height& each : heights_)
-        if (each.nWidth == width)
-            return each.nHeight;
-    Height& oldest = heights_[nOldest_];
-    nOldest_ = (nOldest_ + 1) % heights_.size();
-    oldest = {width, QLabel::heightForWidth(width)};
-    return oldest.nHeight;
+    return heights_.at(width, [this](int nWidth) { return measuredHeight(nWidth); });
+}
+
+int MnemonicLabel::measuredHeight(int width) const
+{
+    return QLabel::heightForWidth(width);
 }
 
 void MnemonicLabel::showCaption()

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "window/KnownHeights.h"
+
 #include <QFont>
 #include <QLabel>
 #include <QPointer>
-
-#include <array>
-#include <cstddef>
 
 namespace zorvo {
 
@@ -24,9 +23,11 @@ public:
 
     void setBuddy(QWidget* buddy);
 
-    /// Remembered for a few widths: nested layouts ask again and again, and each answer breaks the text into
-    /// lines.
-    int heightForWidth(int width) const override;
+    int heightForWidth(int width) const final;
+
+protected:
+    /// The height at a width, worked out; it is asked again only when something changes that it follows from.
+    virtual int measuredHeight(int width) const;
 
 private:
     /// What a height follows from, apart from the width.
@@ -40,10 +41,6 @@ private:
 
         bool operator==(const Measured&) const = default;
     };
-    struct Height {
-        int nWidth = -1;
-        int nHeight = 0;
-    };
 
     // The caption is the one way to the text.
     using QLabel::setText;
@@ -53,8 +50,7 @@ private:
     QString caption_;
     QPointer<QWidget> named_;
     mutable Measured measured_;
-    mutable std::array<Height, 4> heights_;
-    mutable std::size_t nOldest_ = 0;
+    mutable KnownHeights heights_;
 };
 
 } // namespace zorvo

@@ -26,7 +26,7 @@ QSize ScrolledLabel::minimumSizeHint() const
     return {0, fontMetrics().lineSpacing()};
 }
 
-int ScrolledLabel::heightForWidth(int width) const
+int ScrolledLabel::measuredHeight(int width) const
 {
     return std::max(linesFor(width).nHeight, fontMetrics().lineSpacing());
 }

@@ -19,9 +19,9 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    int heightForWidth(int width) const override;
 
 protected:
+    int measuredHeight(int width) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

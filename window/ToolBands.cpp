@@ -7,6 +7,7 @@
 #include "window/drawnIcon.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QIcon>
 #include <QMenuBar>
 #include <QStatusTipEvent>
@@ -32,18 +33,24 @@ QToolButton* moreButton(const QToolBar& toolBar)
     return toolBar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
 }
 
+/// A desktop's global menu would take the menus out of the window. Said before the bar is made, the desktop
+/// isn't even asked for one.
+QMenuBar* newMenuBar(QWidget* parent)
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    return new QMenuBar(parent);
+}
+
 } // namespace
 
 ToolBands::ToolBands(const char* name, ToolPool& pool, QWidget* parent)
     : QWidget(parent)
     , pool_(pool)
-    , menuBar_(new QMenuBar(this))
+    , menuBar_(newMenuBar(this))
     , toolBar_(new QToolBar(this))
 {
     setObjectName(QString::fromUtf8(name));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    // A desktop's global menu would take the menus out of the window.
-    menuBar_->setNativeMenuBar(false);
     toolBar_->setMovable(false);
     toolBar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     auto* layout = new QVBoxLayout(this);

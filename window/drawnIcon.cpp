@@ -9,11 +9,15 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace zorvo {
 
 namespace {
+
+/// In pixels; the build makes pictures of these.
+constexpr std::array kPictureSides{16, 24, 32, 48};
 
 class DrawnIcon : public QIconEngine {
 public:
@@ -28,6 +32,15 @@ public:
     {
         const int side = std::min(size.width(), size.height());
         return {side, side};
+    }
+
+    /// What a display's server is given of a window's icon.
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        QList<QSize> sizes;
+        for (const int side : kPictureSides)
+            sizes.append({side, side});
+        return sizes;
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override

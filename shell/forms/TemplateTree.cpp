@@ -66,6 +66,16 @@ void fill(QGroupBox& frame, QWidget& contents)
     layout->addStretch();
 }
 
+/// One of several in a scrolled area.
+ScrolledLabel* newParagraph(const char* name, QWidget& parent)
+{
+    auto* label = new ScrolledLabel(name, &parent);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    label->setSizePolicy(policy);
+    return label;
+}
+
 } // namespace
 
 TemplateTree::TemplateTree()
@@ -119,19 +129,15 @@ void TemplateTree::buildDescription()
 {
     fraInstructions_ = new QGroupBox(QStringLiteral("Instructions"), this);
     fraInstructions_->setObjectName(QStringLiteral("fraInstructions"));
-    lblInstructions_ = new MnemonicLabel(
-        "lblInstructions",
-        QStringLiteral(
-            "To create a new Brendle document, select one or more documents from the list, and then click "
-            "New Document. Hint: To pick more than one document hold down the Ctrl key while you click "
-            "with the mouse."),
-        fraInstructions_);
-    lblContactUsMessage_ = new MnemonicLabel(
-        "lblContactUsMessage",
-        QStringLiteral(
-            "Users of these products are encouraged to contact Zorvo to offer any comments or suggestions "
-            "to improve the usefulness of future editions."),
-        fraInstructions_);
+    lblInstructions_ = newParagraph("lblInstructions", *fraInstructions_);
+    lblInstructions_->setCaption(QStringLiteral(
+        "To create a new Brendle document, select one or more documents from the list, and then click "
+        "New Document. Hint: To pick more than one document hold down the Ctrl key while you click "
+        "with the mouse."));
+    lblContactUsMessage_ = newParagraph("lblContactUsMessage", *fraInstructions_);
+    lblContactUsMessage_->setCaption(QStringLiteral(
+        "Users of these products are encouraged to contact Zorvo to offer any comments or suggestions "
+        "to improve the usefulness of future editions."));
     lblContactUsClickLinkInstructions_ =
         new MnemonicLabel("lblContactUsClickLinkInstructions", QStringLiteral("Click the following link to "),
                           fraInstructions_);

@@ -182,12 +182,14 @@ public:
         : ScrolledLabel("label", nullptr)
     {
     }
-    int heightForWidth(int width) const override
+    mutable std::set<int> widths;
+
+protected:
+    int measuredHeight(int width) const override
     {
         widths.insert(width);
-        return ScrolledLabel::heightForWidth(width);
+        return ScrolledLabel::measuredHeight(width);
     }
-    mutable std::set<int> widths;
 };
 
 TEST_F(TextScrollAreaTest, ATextThatFitsIsBrokenIntoLinesForOneWidthOnly)
@@ -202,8 +204,7 @@ TEST_F(TextScrollAreaTest, ATextThatFitsIsBrokenIntoLinesForOneWidthOnly)
         QCoreApplication::processEvents();
         label->widths.clear();
         label->setCaption(QStringLiteral("a few words ").repeated(words));
-        EXPECT_TRUE(waitUntil([&] { return label->height() == label->ScrolledLabel::heightForWidth(300); }))
-            << words;
+        EXPECT_TRUE(waitUntil([&] { return label->height() == label->heightForWidth(300); })) << words;
         QCoreApplication::processEvents();
         EXPECT_EQ(label->widths, std::set<int>{300}) << words;
     }
