@@ -218,7 +218,9 @@ void GuardedPage::takeSilence()
 
 void GuardedPage::askWhetherItIsNew(const std::function<void(bool)>& take)
 {
-    runJavaScript(QStringLiteral("performance.timeOrigin"), QWebEngineScript::ApplicationWorld,
+    // The empty page that a process begins with is as young as a page asked for first of all.
+    runJavaScript(QStringLiteral("location.href === 'about:blank' ? 0 : performance.timeOrigin"),
+                  QWebEngineScript::ApplicationWorld,
                   [page = QPointer<GuardedPage>(this), take](const QVariant& begun) {
                       constexpr double kClocksDifferMs = 50;
                       if (page)

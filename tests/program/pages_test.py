@@ -231,6 +231,11 @@ class Time(PageTest):
         self.assertEqual(self.page.navigate(site + "/hang"), "failed " + site + "/hang")
         self.assertLess(time.monotonic() - start, 20, "ten seconds, and a slow machine's time")
 
+    def test_nor_is_it_taken_for_shown_when_it_is_the_first_page_of_all(self):
+        page = PageProcess()
+        self.addCleanup(page.end)
+        self.assertEqual(page.navigate(site + "/hang"), "failed " + site + "/hang")
+
     def test_a_page_doesnt_wait_for_ever_for_a_picture(self):
         self.assertEqual(self.page.navigate(site + "/slow-picture"), "finished " + site + "/slow-picture")
 
