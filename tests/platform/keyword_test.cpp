@@ -3,6 +3,7 @@
 #include "platform/WordIndex.h"
 #include "platform/searchWords.h"
 #include "tests/platform/obviousMatcher.h"
+#include "tests/support/sanitizers.h"
 
 #include <gtest/gtest.h>
 
@@ -189,11 +190,7 @@ TEST(Keyword, AgreesWithTheObviousMatcherOnRandomTexts)
 {
     RandomTexts random(20240305);
     int nFound = 0;
-#if defined(__SANITIZE_ADDRESS__)
-    constexpr int kTexts = 5'000; // each takes ten times as long here
-#else
-    constexpr int kTexts = 20'000;
-#endif
+    constexpr int kTexts = kSanitized ? 5'000 : 20'000;
     for (int i = 0; i < kTexts; ++i) {
         const std::string sKeyword = random.text(true);
         const std::string sText = random.text(false);
