@@ -227,8 +227,10 @@ class Session:
 
     def window_class(self, title):
         """The two names by which the desktop finds the launcher of the window of that title."""
-        ids = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], env=self.env,
-                             capture_output=True, text=True, check=False).stdout.split()
+        # The server shows it a little later than an assistive program is told of it.
+        ids = wait_for("a window %s" % title, lambda: subprocess.run(
+            ["xdotool", "search", "--onlyvisible", "--name", title], env=self.env, capture_output=True, text=True,
+            check=False).stdout.split())
         return [subprocess.run(["xprop", "-notype", "-id", each, "WM_CLASS"], env=self.env, capture_output=True,
                                text=True, check=True).stdout.strip() for each in ids]
 
