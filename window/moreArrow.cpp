@@ -1,10 +1,10 @@
 #include "window/moreArrow.h"
 
+#include "window/PaintedIcon.h"
+
 #include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QPixmap>
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace zorvo {
 
 namespace {
 
-class MoreArrow : public QIconEngine {
+class MoreArrow : public PaintedIcon {
 public:
     explicit MoreArrow(Qt::Orientation orientation)
         : orientation_(orientation)
@@ -20,15 +20,6 @@ public:
     }
 
     QIconEngine* clone() const override { return new MoreArrow(*this); }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
-    }
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override
     {

@@ -1,6 +1,7 @@
 #include "help/viewer/icons.h"
 
-#include <QIconEngine>
+#include "window/PaintedIcon.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -80,7 +81,7 @@ QPainterPath drawing(HelpIcon kind)
 }
 
 /// Draws itself at the size that is asked for, when it is.
-class DrawnIcon : public QIconEngine {
+class DrawnIcon : public PaintedIcon {
 public:
     DrawnIcon(HelpIcon kind, QPalette palette)
         : kind_(kind)
@@ -99,15 +100,6 @@ public:
                              Qt::RoundJoin));
         painter->drawPath(drawing(kind_));
         painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
     }
 
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
